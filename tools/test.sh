@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Builds Tablewright with warnings as errors and runs every test: the release build,
+# then the sanitizer build (AddressSanitizer + UndefinedBehaviorSanitizer).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash tools/deps.sh --test
+export QT_QPA_PLATFORM=offscreen
+jobs=$(nproc)
+for preset in release asan; do
+  echo "== $preset build"
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset" -j "$jobs"
+  echo "== $preset tests"
+  ctest --preset "$preset" -j "$jobs" --label-exclude long
+done
