@@ -1,0 +1,344 @@
+#include "platform/controls.h"
+
+#include <QAccessible>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+int toPixels(double twips) { return static_cast<int>(std::nearbyint(twips / kTwipsPerPixel)); }
+
+bool isActivationKey(const QKeyEvent* event) {
+    return event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
+           event->key() == Qt::Key_Enter;
+}
+}  // namespace
+
+// ---- geometry ----
+
+void TwipsGeometry::setLeft(double twips) {
+    left_ = twips;
+    applyGeometry();
+}
+
+void TwipsGeometry::setTop(double twips) {
+    top_ = twips;
+    applyGeometry();
+}
+
+void TwipsGeometry::setWidth(double twips) {
+    if (twips < 0) throw InvalidPropertyValue();
+    width_ = twips;
+    applyGeometry();
+}
+
+void TwipsGeometry::setHeight(double twips) {
+    if (twips < 0) throw InvalidPropertyValue();
+    height_ = twips;
+    applyGeometry();
+}
+
+void TwipsGeometry::setGeometryTwips(double left, double top, double width, double height) {
+    if (width < 0 || height < 0) throw InvalidPropertyValue();
+    left_ = left;
+    top_ = top;
+    width_ = width;
+    height_ = height;
+    applyGeometry();
+}
+
+QRect TwipsGeometry::pixelRect() const {
+    return {toPixels(left_), toPixels(top_), toPixels(width_), toPixels(height_)};
+}
+
+void TwipsGeometry::applyGeometry() {
+    // Qt widgets cannot be larger than this; the stored twips stay as they were set.
+    constexpr int kMaxPixels = 16'000'000;
+    QRect r = pixelRect();
+    self_->setGeometry(std::clamp(r.x(), -kMaxPixels, kMaxPixels),
+                       std::clamp(r.y(), -kMaxPixels, kMaxPixels), std::min(r.width(), kMaxPixels),
+                       std::min(r.height(), kMaxPixels));
+}
+
+// ---- fonts and colours ----
+
+QFont designFont(const QString& family, double pointSize, bool bold, bool underline) {
+    QFont font;
+    if (family == QLatin1String("Courier New")) {
+        // Metric-compatible with the design font, so the heading keeps its width.
+        font = QFont(QStringLiteral("Liberation Mono"));
+        font.setStyleHint(QFont::Monospace);
+    } else {
+        font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    }
+    font.setPointSizeF(pointSize);
+    font.setBold(bold);
+    font.setUnderline(underline);
+    return font;
+}
+
+QColor colorFromRgb(std::int32_t rgb) { return QColor::fromRgb(static_cast<QRgb>(rgb) | 0xFF000000u); }
+
+// ---- Label ----
+
+Label::Label(QWidget* parent, const QString& name) : QLabel(parent), TwipsGeometry(this) {
+    // A label speaks its caption; no separate accessible name.
+    setObjectName(name);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setMouseTracking(true);
+    applyColors();
+}
+
+void Label::setCaption(const QString& caption) {
+    if (caption == text()) return;
+    setText(caption);
+    if (autoSize_) fitToCaption();
+}
+
+void Label::fitToCaption() {
+    const QFontMetrics metrics(font());
+    const double oldCentre = Left() + Width() / 2;
+    // One pixel of slack each way, as the design toolkit sized its labels.
+    const double width = (metrics.horizontalAdvance(text()) + 2) * kTwipsPerPixel;
+    const double height = (metrics.height()) * kTwipsPerPixel;
+    const bool centred = alignment() & Qt::AlignHCenter;
+    setGeometryTwips(centred ? oldCentre - width / 2 : Left(), Top(), width, height);
+}
+
+void Label::setForeColor(std::int32_t rgb) {
+    foreColor_ = rgb;
+    applyColors();
+}
+
+void Label::setBackColor(std::int32_t rgb) {
+    backColor_ = rgb;
+    applyColors();
+}
+
+void Label::setTransparent(bool transparent) {
+    transparent_ = transparent;
+    applyColors();
+}
+
+void Label::setBorderStyle(std::int16_t style) {
+    if (borderStyle_ == style) return;
+    borderStyle_ = style;
+    update();
+}
+
+void Label::applyColors() {
+    QPalette pal = palette();
+    pal.setColor(QPalette::WindowText, colorFromRgb(foreColor_));
+    pal.setColor(QPalette::Window, colorFromRgb(backColor_));
+    setPalette(pal);
+    setAutoFillBackground(!transparent_);
+    update();
+}
+
+void Label::paintEvent(QPaintEvent* event) {
+    QLabel::paintEvent(event);
+    if (borderStyle_ == 1) {
+        QPainter painter(this);
+        painter.setPen(Qt::black);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void Label::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton;
+    QLabel::mousePressEvent(event);
+}
+
+void Label::mouseReleaseEvent(QMouseEvent* event) {
+    const bool click = pressed_ && rect().contains(event->position().toPoint());
+    pressed_ = false;
+    QLabel::mouseReleaseEvent(event);
+    if (click) emit Click();
+}
+
+void Label::mouseMoveEvent(QMouseEvent* event) {
+    QLabel::mouseMoveEvent(event);
+    emit MouseMove();
+}
+
+void Label::enterEvent(QEnterEvent* event) {
+    QLabel::enterEvent(event);
+    emit MouseMove();
+}
+
+void Label::keyPressEvent(QKeyEvent* event) {
+    if (isActivationKey(event)) {
+        emit Click();
+        return;
+    }
+    QLabel::keyPressEvent(event);
+}
+
+// ---- CommandButton, Frame ----
+
+CommandButton::CommandButton(QWidget* parent, const QString& name, const QString& caption)
+    : QPushButton(caption, parent), TwipsGeometry(this) {
+    setObjectName(name);
+    setAutoDefault(false);
+}
+
+void CommandButton::setBackColor(std::int32_t rgb) {
+    QPalette pal = palette();
+    pal.setColor(QPalette::Button, colorFromRgb(rgb));
+    setPalette(pal);
+}
+
+Frame::Frame(QWidget* parent, const QString& name, const QString& caption)
+    : QGroupBox(caption, parent), TwipsGeometry(this) {
+    setObjectName(name);
+    setAccessibleName(caption);
+}
+
+// ---- PictureBox ----
+
+PictureBox::PictureBox(QWidget* parent, const QString& name, Border border)
+    : QWidget(parent), TwipsGeometry(this), border_(border) {
+    setObjectName(name);
+    setAccessibleName(name);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+int PictureBox::borderPixels() const {
+    switch (border_) {
+        case Border::None: return 0;
+        case Border::FlatSingle: return 1;
+        case Border::Sunken: return 2;
+    }
+    return 0;
+}
+
+double PictureBox::ScaleHeight() const {
+    return std::max(0.0, Height() - 2 * borderPixels() * kTwipsPerPixel);
+}
+
+void PictureBox::setBackColor(std::int32_t rgb) {
+    backColor_ = rgb;
+    Cls();
+}
+
+void PictureBox::setPicture(const QImage& picture) {
+    picture_ = picture;
+    update();
+}
+
+void PictureBox::setTransparentBackground(bool transparent) {
+    transparent_ = transparent;
+    setAttribute(Qt::WA_OpaquePaintEvent, !transparent);
+    update();
+}
+
+void PictureBox::Cls() {
+    if (!surface_.isNull()) surface_.fill(Qt::transparent);
+    drawn_.clear();
+    updateDescription();
+    update();
+}
+
+void PictureBox::noteDrawn(const QString& what) {
+    drawn_.append(what);
+    updateDescription();
+}
+
+void PictureBox::updateDescription() {
+    setAccessibleDescription(drawn_.join(QStringLiteral(", ")));
+}
+
+QRgb PictureBox::surfacePixel(int x, int y) const {
+    if (surface_.isNull()) return 0;
+    const qreal dpr = surface_.devicePixelRatio();
+    const QPoint p(static_cast<int>(x * dpr), static_cast<int>(y * dpr));
+    return surface_.rect().contains(p) ? surface_.pixel(p) : 0;
+}
+
+void PictureBox::ensureSurface() {
+    const int inset = borderPixels();
+    const QSize inner = size() - QSize(2 * inset, 2 * inset);
+    const qreal dpr = devicePixelRatioF();
+    const QSize wanted = inner.expandedTo(QSize(1, 1)) * dpr;
+    if (surface_.size() == wanted && surface_.devicePixelRatio() == dpr) return;
+    // The drawing keeps its top left corner when the box changes size.
+    QImage grown(wanted, QImage::Format_ARGB32_Premultiplied);
+    grown.setDevicePixelRatio(dpr);
+    grown.fill(Qt::transparent);
+    if (!surface_.isNull()) {
+        QPainter painter(&grown);
+        painter.drawImage(QPoint(0, 0), surface_);
+    }
+    surface_ = std::move(grown);
+}
+
+void PictureBox::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!surface_.isNull()) ensureSurface();
+}
+
+void PictureBox::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (!transparent_) painter.fillRect(rect(), colorFromRgb(backColor_));
+    const int inset = borderPixels();
+    painter.translate(inset, inset);
+    if (!picture_.isNull()) painter.drawImage(QPoint(0, 0), picture_);
+    if (!surface_.isNull()) painter.drawImage(QPoint(0, 0), surface_);
+    painter.resetTransform();
+    if (border_ == Border::FlatSingle) {
+        painter.setPen(Qt::black);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    } else if (border_ == Border::Sunken) {
+        const QRect r = rect().adjusted(0, 0, -1, -1);
+        painter.setPen(QColor(0x80, 0x80, 0x80));
+        painter.drawLine(r.topLeft(), r.topRight());
+        painter.drawLine(r.topLeft(), r.bottomLeft());
+        painter.setPen(Qt::white);
+        painter.drawLine(r.bottomLeft(), r.bottomRight());
+        painter.drawLine(r.topRight(), r.bottomRight());
+        painter.setPen(QColor(0x40, 0x40, 0x40));
+        painter.drawLine(r.topLeft() + QPoint(1, 1), r.topRight() + QPoint(-1, 1));
+        painter.drawLine(r.topLeft() + QPoint(1, 1), r.bottomLeft() + QPoint(1, -1));
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DotLine));
+        painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+    }
+}
+
+void PictureBox::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton;
+    QWidget::mousePressEvent(event);
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+    const bool click = pressed_ && rect().contains(event->position().toPoint());
+    pressed_ = false;
+    QWidget::mouseReleaseEvent(event);
+    if (click) emit Click();
+}
+
+void PictureBox::keyPressEvent(QKeyEvent* event) {
+    if (isActivationKey(event)) {
+        emit Click();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+// ---- TextBox ----
+
+TextBox::TextBox(QWidget* parent, const QString& name) : QPlainTextEdit(parent), TwipsGeometry(this) {
+    setObjectName(name);
+    setAccessibleName(name);
+    setReadOnly(true);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setLineWrapMode(QPlainTextEdit::WidgetWidth);
+}
+
+void TextBox::setText(const QString& text) { setPlainText(text); }
+
+}  // namespace platform

@@ -1,0 +1,152 @@
+#include <QAccessible>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QScreen>
+#include <QSoundEffect>
+#include <QTimer>
+#include <QUrl>
+#include <vector>
+
+#include "platform/mDefs.h"
+
+namespace platform {
+
+namespace {
+
+bool g_ending = false;
+QString g_applicationFolder;
+
+void realMessageBox(const QString& text) {
+    QMessageBox box(QMessageBox::NoIcon, QCoreApplication::applicationName(), text, QMessageBox::Ok,
+                    QApplication::activeWindow());
+    box.exec();
+}
+
+// One effect per file, kept for the life of the program: playing again restarts it.
+void realPlaySound(const QString& path) {
+    if (!QFileInfo::exists(path)) return;
+    static std::map<QString, QSoundEffect*> effects;
+    auto& effect = effects[path];
+    if (!effect) {
+        effect = new QSoundEffect(QCoreApplication::instance());
+        effect->setSource(QUrl::fromLocalFile(path));
+    }
+    effect->play();
+}
+
+void realOpenAddress(const QString& address) { QDesktopServices::openUrl(QUrl(address)); }
+
+void realEndProgram(int exitCode) {
+    for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
+    QCoreApplication::exit(exitCode);
+}
+
+std::int64_t realTickCount() {
+    static QElapsedTimer clock = [] {
+        QElapsedTimer t;
+        t.start();
+        return t;
+    }();
+    return clock.elapsed();
+}
+
+int realScreenWidth() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->geometry().width() : 0;
+}
+
+std::vector<QEventLoop*>& runningWaits() {
+    static std::vector<QEventLoop*> loops;
+    return loops;
+}
+
+Seams makeRealSeams() {
+    Seams s;
+    s.messageBox = realMessageBox;
+    s.playSound = realPlaySound;
+    s.openAddress = realOpenAddress;
+    s.endProgram = realEndProgram;
+    s.tickCount = realTickCount;
+    s.screenWidthPixels = realScreenWidth;
+    s.random = std::make_unique<cards::ClockRandomSource>();
+    return s;
+}
+
+}  // namespace
+
+Seams& seams() {
+    static Seams s = makeRealSeams();
+    return s;
+}
+
+void resetSeams() {
+    seams() = makeRealSeams();
+    g_ending = false;
+}
+
+void MsgBox(const QString& text) { seams().messageBox(text); }
+void PlaySound(const QString& path) { seams().playSound(path); }
+void OpenAddress(const QString& address) { seams().openAddress(address); }
+
+void EndProgram(int exitCode) {
+    g_ending = true;
+    InterruptWaits();
+    seams().endProgram(exitCode);
+}
+
+bool programEnding() { return g_ending; }
+cards::RandomSource& Random() { return *seams().random; }
+std::int64_t TickCount() { return seams().tickCount(); }
+int ScreenWidthPixels() { return seams().screenWidthPixels(); }
+
+QString ApplicationFolder() {
+    return g_applicationFolder.isEmpty() ? QCoreApplication::applicationDirPath() : g_applicationFolder;
+}
+
+void setApplicationFolder(const QString& folder) { g_applicationFolder = folder; }
+
+QString AppPath(const QString& backslashName) {
+    QString relative = backslashName;
+    relative.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    while (relative.startsWith(QLatin1Char('/'))) relative.remove(0, 1);
+    return QDir(ApplicationFolder()).filePath(relative);
+}
+
+void WaitServingEvents(std::int32_t milliseconds, const std::function<bool()>& stop) {
+    const double scaled = milliseconds * seams().waitScale;
+    if (milliseconds <= 0 || g_ending) return;
+    const std::int64_t start = TickCount();
+    const auto deadline = start + static_cast<std::int64_t>(scaled);
+    auto stopped = [&] { return g_ending || (stop && stop()); };
+    if (scaled <= 0) {
+        DoEvents();
+        return;
+    }
+    // An event loop that sleeps until the deadline or an event, rather than a spin.
+    while (!stopped() && TickCount() < deadline) {
+        QEventLoop loop;
+        QTimer timer;
+        timer.setSingleShot(true);
+        QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+        timer.start(static_cast<int>(std::max<std::int64_t>(1, deadline - TickCount())));
+        runningWaits().push_back(&loop);
+        loop.exec();
+        std::erase(runningWaits(), &loop);
+    }
+}
+
+void InterruptWaits() {
+    for (QEventLoop* loop : runningWaits()) loop->quit();
+}
+
+void DoEvents() {
+    if (QCoreApplication::instance()) QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+}  // namespace platform

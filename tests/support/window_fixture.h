@@ -1,0 +1,71 @@
+// A main window for tests: offscreen, in a temporary application folder laid out like the
+// real one, with recording seams (message boxes, sounds, opened addresses, program ends),
+// instant scene waits, and a random source that plays scripted values first.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QString>
+#include <QTemporaryDir>
+#include <deque>
+#include <memory>
+#include <random>
+#include <vector>
+
+#include "platform/mDefs.h"
+#include "shell/frmMain.h"
+
+namespace test_support {
+
+// The one application object of the test process (offscreen platform).
+QApplication& app();
+
+class ScriptedRandom final : public cards::RandomSource {
+public:
+    explicit ScriptedRandom(std::uint32_t seed = 12345) : engine_(seed) {}
+    void Randomize() override { ++reseeds; }
+    float Rnd() override;
+    std::deque<float> script;  // played first, then the seeded engine
+    int reseeds = 0;
+
+private:
+    std::mt19937 engine_;
+};
+
+struct Recorder {
+    std::vector<QString> messages;
+    std::vector<QString> sounds;
+    std::vector<QString> addresses;
+    std::vector<int> ends;
+};
+
+class WindowTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // Makes the window as the program does: Form_Load, then shown at the design size.
+    void startWindow();
+    // The application folder before the window starts (remove files to test their absence).
+    QString appFolder() const { return folder_.path(); }
+    QString appFile(const QString& relative) const { return folder_.filePath(relative); }
+
+    // A click on the tree entry with this text (as a user's click).
+    void clickTopic(const QString& text);
+    // Serves pending events (paint, timers due).
+    static void serveEvents(int milliseconds = 0);
+    // The label row (0..8) whose look is "marked", or -1.
+    int markedName() const;
+    // True when exactly these keys are enabled.
+    std::vector<int> enabledKeys() const;
+
+    std::unique_ptr<frmMain> form;
+    Recorder recorded;
+    ScriptedRandom* random = nullptr;  // owned by the seams
+
+private:
+    QTemporaryDir folder_;
+};
+
+}  // namespace test_support

@@ -1,0 +1,76 @@
+// Writes docs/screenshots/<scene>.png for every scene (or the ones named on the command
+// line). Run under a real X server (Xvfb) so the lesson pane uses the browser engine.
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+#include <cstdio>
+#include <random>
+
+#include "platform/mDefs.h"
+#include "platform/startup.h"
+#include "scenes.h"
+
+namespace screenshots {
+
+std::vector<Scene>& scenes() {
+    static std::vector<Scene> all;
+    return all;
+}
+
+void settle(int milliseconds) { QTest::qWait(milliseconds); }
+
+void clickTopic(frmMain& form, const QString& text) {
+    for (int index = 1; index <= form.TreeView1->nodeCount(); ++index) {
+        if (form.TreeView1->nodeText(index) == text) {
+            form.TreeView1->setSelected(index);
+            form.TreeView1_NodeClick(index);
+            return;
+        }
+    }
+}
+
+namespace {
+
+// Fixed values, so the screenshots are the same at every run.
+class SeededRandom final : public cards::RandomSource {
+public:
+    void Randomize() override {}
+    float Rnd() override { return std::uniform_real_distribution<float>(0.0f, 0.99999994f)(engine_); }
+
+private:
+    std::mt19937 engine_{20261122};
+};
+
+}  // namespace
+}  // namespace screenshots
+
+int main(int argc, char* argv[]) {
+    platform::prepareApplication();
+    QApplication app(argc, argv);
+    platform::configureApplication(app);
+    const QString outFolder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/screenshots");
+    QDir().mkpath(outFolder);
+    platform::setApplicationFolder(QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../app")).absolutePath());
+    platform::seams().openAddress = [](const QString&) {};
+    platform::seams().endProgram = [](int) {};
+    int written = 0;
+    for (const auto& scene : screenshots::scenes()) {
+        bool wanted = argc <= 2;
+        for (int i = 2; i < argc; ++i) wanted |= QString::fromLocal8Bit(argv[i]) == QLatin1String(scene.name);
+        if (!wanted) continue;
+        platform::seams().random = std::make_unique<screenshots::SeededRandom>();
+        frmMain form;
+        form.Form_Load();
+        form.show();
+        QTest::qWaitForWindowExposed(&form);
+        screenshots::settle(1500);
+        scene.play(form);
+        screenshots::settle(300);
+        const QString file = QDir(outFolder).filePath(QString::fromLatin1(scene.name) + QStringLiteral(".png"));
+        form.grab().save(file);
+        std::printf("%s\n", qPrintable(file));
+        ++written;
+        form.Unload();
+    }
+    return written > 0 ? 0 : 1;
+}
