@@ -9,7 +9,8 @@
 
 namespace board {
 
-using BoardValues = std::array<std::string, 5>;  // value texts, sorted "2" .. "10", "J", "Q", "K", "A"
+// Value texts, sorted "2" .. "10", "J", "Q", "K", "A".
+using BoardValues = std::array<std::string, 5>;
 
 // The board's value texts sorted low to high, from the captions of its five keys.
 // A caption that is no value text is left out (its slot stays empty).
@@ -25,6 +26,7 @@ std::string BoardBestFullHouse(const BoardValues& values);
 std::string BoardFlushPossible(std::span<const bool, 52> keyEnabled,
                                std::span<const std::string, 52> keyCaptions);
 // The answer that goes into the message line, in the reader's order of questions.
-std::string ReadBoard(std::span<const std::string, 5> boardCaptions, const std::string& flushAnswer);
+std::string ReadBoard(std::span<const std::string, 5> boardCaptions,
+                      const std::string& flushAnswer);
 
 }  // namespace board
