@@ -1,4 +1,4 @@
-#include <QAccessible>
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -134,6 +134,12 @@ void WaitServingEvents(std::int32_t milliseconds, const std::function<bool()>& s
         QTimer timer;
         timer.setSingleShot(true);
         QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+        // A stop raised by an event ends the wait as soon as that event has been served.
+        if (auto* dispatcher = QAbstractEventDispatcher::instance()) {
+            QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &loop, [&] {
+                if (stopped()) loop.quit();
+            });
+        }
         timer.start(static_cast<int>(std::max<std::int64_t>(1, deadline - TickCount())));
         runningWaits().push_back(&loop);
         loop.exec();
