@@ -16,8 +16,12 @@ compiler="${CLANGXX:-clang++-14}"
 command -v "$compiler" >/dev/null || { echo "fuzz.sh: $compiler not found" >&2; exit 2; }
 
 work="$(mktemp -d "${TMPDIR:-/tmp}/tablewright-$target.XXXXXX")"
+# The targets' own scratch files go to memory where it is available: one file per run.
+scratch_parent=/dev/shm
+[[ -d "$scratch_parent" && -w "$scratch_parent" ]] || scratch_parent="$work"
+scratch="$(mktemp -d "$scratch_parent/tablewright-$target.XXXXXX")"
 keep=0
-trap '((keep)) || rm -rf "$work"' EXIT
+trap 'rm -rf "$scratch"; ((keep)) || rm -rf "$work"' EXIT
 
 "$compiler" -std=c++20 -g -O1 -fno-omit-frame-pointer \
   -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all \
@@ -37,7 +41,7 @@ case "$target" in
 esac
 
 status=0
-(cd "$work" && TMPDIR="$work" ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+(cd "$work" && TMPDIR="$scratch" ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
   "./$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
   -artifact_prefix="$work/" -print_final_stats=1 corpus) || status=$?
 
