@@ -10,7 +10,7 @@ packages=(
 )
 if [[ "${1:-}" == "--test" ]]; then
   packages+=(libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool x11-utils
-             clang-14 libclang-rt-14-dev strace)
+             clang-14 libclang-rt-14-dev strace python3 desktop-file-utils appstream dpkg-dev)
 fi
 
 missing=()

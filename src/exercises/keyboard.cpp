@@ -1,17 +1,23 @@
 // The card keyboard: its layout (which also lays out the panes), the key press hub and Clear.
+#include <algorithm>
+#include <cmath>
+
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
 
 namespace {
-constexpr std::array<const char*, 13> kColumnCaptions{"2", "3", "4", "5", "6", "7", "8",
+constexpr std::array<const char*, 13> kColumnCaptions{"2", "3",  "4", "5", "6", "7", "8",
                                                       "9", "10", "J", "Q", "K", "A"};
-std::int32_t rounded(double value) { return static_cast<std::int32_t>(std::nearbyint(value)); }
+std::int32_t rounded(double value) {
+    return static_cast<std::int32_t>(std::nearbyint(value));
+}
 }  // namespace
 
 void frmMain::initKeys() {
     // Any failure ends the routine silently; what was done so far stays done.
     try {
-        for (auto* name : lblName) name->setBorderStyle(0);
+        for (auto* name : lblName)
+            name->setBorderStyle(0);
         for (auto* key : cmdKey) {
             key->setLeft(0);
             key->setTop(0);
@@ -76,25 +82,32 @@ void frmMain::initKeys() {
 }
 
 void frmMain::cmdKey_Click(std::int16_t Index) {
-    if (Index < 0 || Index > 51) return;
+    if (Index < 0 || Index > 51)
+        return;
     // At most one flag is set, so at most one branch runs; with none, the press does nothing.
-    if (modeNamesPick || modeNamesRandom) keyPressNamesPick(Index);
-    if (modeRanksPick) keyPressRanksPick(Index);
-    if (modePairPick) keyPressPairPick(Index);
-    if (modeBestHand) keyPressBestHand(Index);
+    if (modeNamesPick || modeNamesRandom)
+        keyPressNamesPick(Index);
+    if (modeRanksPick)
+        keyPressRanksPick(Index);
+    if (modePairPick)
+        keyPressPairPick(Index);
+    if (modeBestHand)
+        keyPressBestHand(Index);
 }
 
 void frmMain::keyPressNamesPick(std::int16_t Index) {
     cmdKey[static_cast<std::size_t>(Index)]->setEnabled(false);
     picShow->setFocus();
     DrawHandOneCard(Index);
-    if (cardCount >= 0 && cardCount < 5) cards::CardFromKey(Index, keyMap, hand1[static_cast<std::size_t>(cardCount)]);
+    if (cardCount >= 0 && cardCount < 5)
+        cards::CardFromKey(Index, keyMap, hand1[static_cast<std::size_t>(cardCount)]);
     ++cardCount;
     if (cardCount == 5) {
         hand1Result = EvaluatePokerHand(hand1);
         cardCount = 0;
         const int row = cards::NameRowOfCategory(hand1Result);
-        if (row >= 0) HighlightHandName(static_cast<std::int16_t>(row));
+        if (row >= 0)
+            HighlightHandName(static_cast<std::int16_t>(row));
         setAllKeysEnabled(false);
     }
     cmdClear->setEnabled(true);
@@ -105,11 +118,14 @@ void frmMain::keyPressRanksPick(std::int16_t Index) {
     picShow->setFocus();
     if (cardCount < 5) {
         DrawHandOneCard(Index);
-        if (cardCount >= 0) cards::CardFromKey(Index, keyMap, hand1[static_cast<std::size_t>(cardCount)]);
+        if (cardCount >= 0)
+            cards::CardFromKey(Index, keyMap, hand1[static_cast<std::size_t>(cardCount)]);
     } else {
-        if (cardCount == 5) xincr = rounded(cWidth / 3.0);
+        if (cardCount == 5)
+            xincr = rounded(cWidth / 3.0);
         DrawHandTwoCard(Index);
-        if (cardCount < 10) cards::CardFromKey(Index, keyMap, hand2[static_cast<std::size_t>(cardCount - 5)]);
+        if (cardCount < 10)
+            cards::CardFromKey(Index, keyMap, hand2[static_cast<std::size_t>(cardCount - 5)]);
     }
     ++cardCount;
     if (cardCount == 10) {
@@ -130,7 +146,8 @@ void frmMain::keyPressRanksPick(std::int16_t Index) {
 
 void frmMain::cmdClear_Click() {
     picShow->Cls();
-    if (modeRanksPick || modeRanksRandom) picLabels->Cls();
+    if (modeRanksPick || modeRanksRandom)
+        picLabels->Cls();
     xincr = rounded(cWidth / 3.0);
     cardCount = 0;
     setAllNamesPlain();
@@ -156,7 +173,8 @@ void frmMain::cmdClear_Click() {
 }
 
 void frmMain::setAllKeysEnabled(bool enabled) {
-    for (auto* key : cmdKey) key->setEnabled(enabled);
+    for (auto* key : cmdKey)
+        key->setEnabled(enabled);
 }
 
 void frmMain::setAllNamesPlain() {
@@ -168,16 +186,19 @@ void frmMain::setAllNamesPlain() {
 }
 
 void frmMain::setModeFlags(bool* runningFlag) {
-    for (bool* flag : {&modeNamesPick, &modeNamesRandom, &modeRanksPick, &modeRanksRandom, &modePairPick,
-                       &modePairRandom, &modeBestHand}) {
+    for (bool* flag : {&modeNamesPick, &modeNamesRandom, &modeRanksPick, &modeRanksRandom,
+                       &modePairPick, &modePairRandom, &modeBestHand}) {
         *flag = flag == runningFlag;
     }
 }
 
 void frmMain::showStartButtons(std::initializer_list<platform::CommandButton*> visible) {
-    for (auto* button : {cmdStart1A, cmdStart2A, cmdStart3A, cmdStart4, cmdStart1B, cmdStart2B, cmdStart3B}) {
+    for (auto* button :
+         {cmdStart1A, cmdStart2A, cmdStart3A, cmdStart4, cmdStart1B, cmdStart2B, cmdStart3B}) {
         button->setVisible(std::find(visible.begin(), visible.end(), button) != visible.end());
     }
 }
 
-std::int16_t frmMain::EvaluatePokerHand(cards::Hand& hand) { return cards::EvaluatePokerHand(hand); }
+std::int16_t frmMain::EvaluatePokerHand(cards::Hand& hand) {
+    return cards::EvaluatePokerHand(hand);
+}

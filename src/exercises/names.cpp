@@ -3,7 +3,8 @@
 #include "shell/frmMain.h"
 
 void frmMain::HighlightHandName(std::int16_t Index) {
-    if (Index < 0 || Index > 8) return;
+    if (Index < 0 || Index > 8)
+        return;
     for (auto* name : lblName) {
         name->setForeColor(0);
         name->setBackColor(0xE0E0E0);
@@ -13,7 +14,8 @@ void frmMain::HighlightHandName(std::int16_t Index) {
 }
 
 void frmMain::lblName_MouseMove(std::int16_t Index) {
-    if (Index < 0 || Index > 8) return;
+    if (Index < 0 || Index > 8)
+        return;
     if ((modeNamesRandom || modePairRandom) && answerPending && Index != lastHoverName) {
         setAllNamesPlain();
         lblName[static_cast<std::size_t>(Index)]->setBorderStyle(1);
@@ -22,13 +24,17 @@ void frmMain::lblName_MouseMove(std::int16_t Index) {
 }
 
 void frmMain::lblName_Click(std::int16_t Index) {
-    if (Index < 0 || Index > 8) return;
-    if (modeNamesRandom && answerPending) nameClickNamesRandom(Index);
-    if (modePairRandom && answerPending) nameClickPairRandom(Index);
+    if (Index < 0 || Index > 8)
+        return;
+    if (modeNamesRandom && answerPending)
+        nameClickNamesRandom(Index);
+    if (modePairRandom && answerPending)
+        nameClickPairRandom(Index);
 }
 
 void frmMain::Timer1_Timer() {
-    if (!messageBlinking) return;
+    if (!messageBlinking)
+        return;
     if (lblMessage->ForeColor() == 0) {
         lblMessage->setForeColor(0xFFFFFF);
     } else {
@@ -41,10 +47,16 @@ void frmMain::Timer1_Timer() {
 }
 
 void frmMain::applyVerdict(const cards::Verdict& verdict) {
-    if (verdict.text) lblMessage->setCaption(QString::fromStdString(*verdict.text));
-    if (verdict.startsBlinking) messageBlinking = true;
+    if (verdict.text)
+        lblMessage->setCaption(QString::fromStdString(*verdict.text));
+    if (verdict.startsBlinking)
+        messageBlinking = true;
 }
 
-void frmMain::ReportCategoryWinner() { applyVerdict(cards::ReportCategoryWinner(hand1, hand2)); }
+void frmMain::ReportCategoryWinner() {
+    applyVerdict(cards::ReportCategoryWinner(hand1, hand2));
+}
 
-void frmMain::CompareHands() { applyVerdict(cards::CompareHands(hand1, hand2)); }
+void frmMain::CompareHands() {
+    applyVerdict(cards::CompareHands(hand1, hand2));
+}

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -71,7 +72,11 @@ QFont designFont(const QString& family, double pointSize, bool bold, bool underl
         font = QFont(QStringLiteral("Liberation Mono"));
         font.setStyleHint(QFont::Monospace);
     } else {
-        font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+        // Liberation Sans has the widths of the design's sans-serif fonts; where it is
+        // missing the platform's own sans-serif serves.
+        font = QFont(QStringLiteral("Liberation Sans"));
+        if (QFontInfo(font).family() != font.family()) font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+        font.setStyleHint(QFont::SansSerif);
     }
     font.setPointSizeF(pointSize);
     font.setBold(bold);
@@ -339,6 +344,9 @@ TextBox::TextBox(QWidget* parent, const QString& name) : QPlainTextEdit(parent),
     setLineWrapMode(QPlainTextEdit::WidgetWidth);
 }
 
-void TextBox::setText(const QString& text) { setPlainText(text); }
+void TextBox::setText(const QString& text) {
+    text_ = text;
+    setPlainText(text);
+}
 
 }  // namespace platform

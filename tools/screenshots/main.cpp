@@ -2,6 +2,7 @@
 // line). Run under a real X server (Xvfb) so the lesson pane uses the browser engine.
 #include <QApplication>
 #include <QDir>
+#include <QPointer>
 #include <QTest>
 #include <cstdio>
 #include <random>
@@ -18,6 +19,12 @@ std::vector<Scene>& scenes() {
 }
 
 void settle(int milliseconds) { QTest::qWait(milliseconds); }
+
+namespace {
+QPointer<QWidget> windowInstead;
+}  // namespace
+
+void saveWindowInstead(QWidget* window) { windowInstead = window; }
 
 void clickTopic(frmMain& form, const QString& text) {
     for (int index = 1; index <= form.TreeView1->nodeCount(); ++index) {
@@ -48,9 +55,11 @@ int main(int argc, char* argv[]) {
     platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
-    const QString outFolder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/screenshots");
+    // Absolute now: the window's start-up changes the working folder.
+    const QString outFolder = QDir(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/screenshots"))
+                                  .absolutePath();
     QDir().mkpath(outFolder);
-    platform::setApplicationFolder(QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../app")).absolutePath());
+    platform::setApplicationFolder(QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../../app")).absolutePath());
     platform::seams().openAddress = [](const QString&) {};
     platform::seams().endProgram = [](int) {};
     int written = 0;
@@ -62,12 +71,14 @@ int main(int argc, char* argv[]) {
         frmMain form;
         form.Form_Load();
         form.show();
-        QTest::qWaitForWindowExposed(&form);
+        if (!QTest::qWaitForWindowExposed(&form)) std::fprintf(stderr, "%s: window not shown\n", scene.name);
         screenshots::settle(1500);
+        screenshots::saveWindowInstead(nullptr);
         scene.play(form);
         screenshots::settle(300);
         const QString file = QDir(outFolder).filePath(QString::fromLatin1(scene.name) + QStringLiteral(".png"));
-        form.grab().save(file);
+        QWidget* shown = screenshots::windowInstead ? screenshots::windowInstead.data() : &form;
+        shown->grab().save(file);
         std::printf("%s\n", qPrintable(file));
         ++written;
         form.Unload();
