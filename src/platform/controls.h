@@ -180,8 +180,12 @@ class TextBox : public QPlainTextEdit, public TwipsGeometry {
     Q_OBJECT
 public:
     explicit TextBox(QWidget* parent, const QString& name);
-    QString Text() const { return toPlainText(); }
+    // The text as written, "\r\n" line breaks included; the editor shows each as one break.
+    QString Text() const { return text_; }
     void setText(const QString& text);
+
+private:
+    QString text_;
 };
 
 // Gives a plain QWidget twips geometry (the tree, the browser host).

@@ -4,7 +4,7 @@
 class QApplication;
 
 namespace platform {
-// Before the application object: the browser engine shares OpenGL contexts.
+// Before the application object.
 void prepareApplication();
 // Right after it: the program's name (the default title of message boxes), the message
 // seam of the card engine.

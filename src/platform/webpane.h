@@ -1,17 +1,29 @@
-// The interface between the lesson pane's host and the pane that shows the pages: the
-// browser-engine pane (a module loaded after the first paint) or the text pane fallback.
+// The interface between the lesson pane's host and the panes that show the pages: the
+// browser-engine pane (a module loaded after the first paint) and the text pane, which
+// shows them until the engine has its first page in, and for good without the module.
 #pragma once
 
 #include <QUrl>
 #include <QWidget>
+#include <functional>
 
 namespace platform {
 
 class WebPane {
-public:
+  public:
+    // Told of a navigation the pane starts by itself (a link followed), before it goes ahead.
+    using NavigationObserver = std::function<void(const QUrl&)>;
+    // Told when a page has come in, or failed to.
+    using LoadObserver = std::function<void()>;
+
+    // The pane deletes its widget.
     virtual ~WebPane() = default;
     virtual QWidget* widget() = 0;
+    // Shows the page at this address; returns at once, the page arrives later. Navigating to
+    // the page on show loads it again.
     virtual void navigate(const QUrl& url) = 0;
+    virtual void setNavigationObserver(NavigationObserver observer) = 0;
+    virtual void setLoadObserver(LoadObserver observer) = 0;
 };
 
 // The module exports this function under the name below.

@@ -6,6 +6,7 @@
 
 #include "platform/artwork.h"
 #include "platform/mDefs.h"
+#include "promotion/leaving.h"
 
 namespace {
 // The inner area at the design size, and what the usual borders add to it, in twips.
@@ -25,6 +26,7 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     // The engine's failure messages come up in the window's message box.
     cards::SetMessageSink([](const std::string& text) { platform::MsgBox(QString::fromStdString(text)); });
     createControls();
+    promotion::setEnoughTip(*lblEnough);
     connectHandlers();
     resize(pixels(kInnerWidth), pixels(kInnerHeight));
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {

@@ -227,9 +227,10 @@ void frmMain::createStage() {
     lblEnough->setTransparent(true);
     lblEnough->setForeColor(0x00C000);
     lblEnough->setBorderStyle(1);
-    lblEnough->setCaption(QStringLiteral("Enough poker school, Take me to a real game"));
+    // Sized by the caption in the font this platform has, around the design place's centre.
     lblEnough->setGeometryTwips(2520, 8280, 4845, 270);
     lblEnough->setAutoSize(true);
+    lblEnough->setCaption(QStringLiteral("Enough poker school, Take me to a real game"));
     lblEnough->setCursor(Qt::PointingHandCursor);
     lblEnough->setFocusPolicy(Qt::StrongFocus);
     lblEnough->hide();

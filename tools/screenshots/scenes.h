@@ -24,5 +24,7 @@ struct Register {
 void settle(int milliseconds);
 // A click on the tree entry with this text.
 void clickTopic(frmMain& form, const QString& text);
+// Saves this window, rather than the main window, for the scene now playing.
+void saveWindowInstead(QWidget* window);
 
 }  // namespace screenshots

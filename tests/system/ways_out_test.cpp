@@ -1,0 +1,119 @@
+// The built program run for real in an X server of its own, and left the ways a user leaves
+// it: each way ends the process promptly and cleanly.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QThread>
+#include <cstdio>
+
+#include "x_session.h"
+
+namespace {
+
+using system_test::ProgramRun;
+using system_test::XServer;
+
+const QString kMainTitle = QStringLiteral("Tablewright..");
+const QString kPromotionTitle =
+    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
+constexpr int kAppearMs = 30'000;  // start-up on a busy machine
+constexpr int kEndMs = 10'000;
+// How soon after the last action the process must be gone.
+constexpr qint64 kPromptMs = 500;
+// Long enough for the animation to be inside one of its waits.
+constexpr unsigned long kWatchMs = 1500;
+// The centre of the promotion window's Home Page button, in pixels from its corner.
+constexpr QPoint kHomePageButton{(2325 + 2070 / 2) / 15, (6465 + 750 / 2) / 15};
+
+class WaysOutSystemTest : public ::testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char name[] = "system_ways_out_test";
+        static char* argv[] = {name, nullptr};
+        static QCoreApplication application(argc, argv);
+    }
+
+    void SetUp() override {
+        ASSERT_TRUE(server.running()) << "Xvfb did not start";
+        run = std::make_unique<ProgramRun>(server);
+        ASSERT_TRUE(run->started());
+        mainWindow = server.waitForWindow(kMainTitle, kAppearMs);
+        ASSERT_NE(mainWindow, 0u) << "the main window did not come up";
+        // Where the lesson pane has its browser engine beside the program, the engine is
+        // loaded after the first paint; the ways out must end the program with it running.
+        const QString engine = QStringLiteral("tablewright_webpane");
+        if (QFileInfo(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM)).dir(), engine + ".so")
+                .exists()) {
+            ASSERT_TRUE(run->waitForLibrary(engine, kAppearMs))
+                << "the browser engine did not load";
+        }
+    }
+
+    // Closes the main window as a window manager's close box does; the promotion window
+    // takes its place.
+    unsigned long closeMainWindow() {
+        server.requestClose(mainWindow);
+        const unsigned long promotion = server.waitForWindow(kPromotionTitle, kAppearMs);
+        EXPECT_NE(promotion, 0u) << "no promotion window";
+        EXPECT_TRUE(server.windowsTitled(kMainTitle).empty()) << "the main window stayed";
+        return promotion;
+    }
+
+    void expectCleanEnd(qint64 elapsedMs) {
+        ASSERT_GE(elapsedMs, 0) << "the program did not end";
+        std::printf("[ figure   ] the process ended %lld ms after the last action\n",
+                    static_cast<long long>(elapsedMs));
+        EXPECT_LE(elapsedMs, kPromptMs);
+        EXPECT_FALSE(run->crashed());
+        EXPECT_EQ(run->exitCode(), 0);
+        EXPECT_EQ(run->unexpectedErrorLines().join(QLatin1Char('\n')).toStdString(), "")
+            << run->errors().toStdString();
+    }
+
+    XServer server;
+    std::unique_ptr<ProgramRun> run;
+    unsigned long mainWindow = 0;
+};
+
+TEST_F(WaysOutSystemTest, ClosingThePromotionWindowInItsWaitEndsTheProgram) {
+    const unsigned long promotion = closeMainWindow();
+    ASSERT_NE(promotion, 0u);
+    QThread::msleep(kWatchMs);
+    EXPECT_EQ(server.windowsTitled(kPromotionTitle).size(), 1u);
+
+    server.requestClose(promotion);
+    expectCleanEnd(run->waitForExit(kEndMs));
+    EXPECT_TRUE(run->openedAddresses().isEmpty());
+}
+
+TEST_F(WaysOutSystemTest, ASecondCloseOfTheMainWindowOpensNoSecondPromotion) {
+    const unsigned long promotion = closeMainWindow();
+    ASSERT_NE(promotion, 0u);
+    server.requestClose(mainWindow);
+    QThread::msleep(kWatchMs);
+    EXPECT_EQ(server.windowsTitled(kPromotionTitle).size(), 1u);
+
+    server.requestClose(promotion);
+    expectCleanEnd(run->waitForExit(kEndMs));
+}
+
+TEST_F(WaysOutSystemTest, TheHomePageButtonOpensTheSchoolPageAndEndsTheProgram) {
+    const unsigned long promotion = closeMainWindow();
+    ASSERT_NE(promotion, 0u);
+    QThread::msleep(kWatchMs);
+    ASSERT_TRUE(server.click(server.geometry(promotion).topLeft() + kHomePageButton));
+    expectCleanEnd(run->waitForExit(kEndMs));
+
+    // The browser is started and not waited for: its stand-in may write after the end.
+    QElapsedTimer clock;
+    clock.start();
+    while (run->openedAddresses().isEmpty() && clock.elapsed() < kEndMs)
+        QThread::msleep(50);
+    EXPECT_EQ(run->openedAddresses(), QStringList{QStringLiteral(TABLEWRIGHT_SCHOOL_URL)});
+}
+
+}  // namespace

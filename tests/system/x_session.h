@@ -1,0 +1,73 @@
+// The built program in a private X server, acted on from outside as a user or the window
+// system would: windows found by their title, asked to close as a window manager's close box
+// asks (WM_DELETE_WINDOW), and clicked with the pointer (xdotool).
+#pragma once
+
+#include <QProcess>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <memory>
+#include <vector>
+
+namespace system_test {
+
+// An Xvfb of its own on the first free display, for the life of the object.
+class XServer {
+  public:
+    XServer();
+    ~XServer();
+    XServer(const XServer&) = delete;
+    XServer& operator=(const XServer&) = delete;
+
+    bool running() const { return !display_.isEmpty(); }
+    QString display() const { return display_; }
+
+    // The mapped top-level windows with exactly this title, as X window ids.
+    std::vector<unsigned long> windowsTitled(const QString& title) const;
+    // Polls until a window with this title is mapped; 0 when none came in time.
+    unsigned long waitForWindow(const QString& title, int timeoutMs) const;
+    // Asks the window to close, as the close box of a window manager does.
+    void requestClose(unsigned long window) const;
+    // The window's place on the screen in pixels.
+    QRect geometry(unsigned long window) const;
+    // Moves the pointer there and clicks the left button.
+    bool click(QPoint at) const;
+
+  private:
+    QProcess server_;
+    QString display_;
+    struct Connection;
+    std::unique_ptr<Connection> connection_;
+};
+
+// One run of the program in that server. A stand-in for the desktop's URL opener is put
+// first on its search path, so a page it opens is recorded rather than shown.
+class ProgramRun {
+  public:
+    explicit ProgramRun(const XServer& server);
+    ~ProgramRun();
+
+    bool started() const { return process_.state() == QProcess::Running; }
+    // True once the process has loaded a library whose file name contains `name`, polling
+    // until then (Linux: its memory map lists the files it has mapped).
+    bool waitForLibrary(const QString& name, int timeoutMs) const;
+    // Waits for the process to end; the elapsed milliseconds, or -1 when it did not end.
+    qint64 waitForExit(int timeoutMs);
+    int exitCode() const { return process_.exitCode(); }
+    bool crashed() const { return process_.exitStatus() == QProcess::CrashExit; }
+    // All the program wrote on stderr, and the lines that are not notices of Qt or the
+    // browser engine.
+    QString errors() const { return stderr_; }
+    QStringList unexpectedErrorLines() const;
+    // The addresses handed to the desktop's URL opener so far.
+    QStringList openedAddresses() const;
+
+  private:
+    QTemporaryDir folder_;
+    QProcess process_;
+    QString stderr_;
+};
+
+}  // namespace system_test
