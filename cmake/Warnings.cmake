@@ -1,5 +1,12 @@
 # Compile options every target of ours takes, PRIVATE to each.
 function(tablewright_target_options target)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /permissive- /utf-8)
+    if(TABLEWRIGHT_WARNINGS_AS_ERRORS)
+      target_compile_options(${target} PRIVATE /WX)
+    endif()
+    return()
+  endif()
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)
   if(TABLEWRIGHT_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
