@@ -292,4 +292,6 @@ void frmMain::createStage() {
     cmdNext = new CommandButton(picDemo, QStringLiteral("cmdNext"), QStringLiteral("Next"));
     cmdNext->setFont(designFont(kSansSerif, 8.25));
     cmdNext->setGeometryTwips(4410, 7740, 1050, 315);
+    // From the keyboard: Next first, then the closing link.
+    QWidget::setTabOrder(cmdNext, lblEnough);
 }
