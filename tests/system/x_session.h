@@ -28,6 +28,9 @@ class XServer {
     std::vector<unsigned long> windowsTitled(const QString& title) const;
     // Polls until a window with this title is mapped; 0 when none came in time.
     unsigned long waitForWindow(const QString& title, int timeoutMs) const;
+    // Polls until no window with any of these titles is mapped; the elapsed milliseconds,
+    // or -1 when one is still there at the timeout.
+    qint64 waitUntilGone(const QStringList& titles, int timeoutMs) const;
     // Asks the window to close, as the close box of a window manager does.
     void requestClose(unsigned long window) const;
     // The window's place on the screen in pixels.
@@ -47,6 +50,8 @@ class XServer {
 class ProgramRun {
   public:
     explicit ProgramRun(const XServer& server);
+    // Runs the program file given, e.g. a copy in an application folder of the test's own.
+    ProgramRun(const XServer& server, const QString& program);
     ~ProgramRun();
 
     bool started() const { return process_.state() == QProcess::Running; }
