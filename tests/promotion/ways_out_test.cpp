@@ -67,9 +67,22 @@ TEST_P(CloseWaysTest, ClosingTheMainWindowOpensOnePromotionWindow) {
     EXPECT_TRUE(recorded.addresses.empty());
 }
 
+std::string closeWayName(const ::testing::TestParamInfo<CloseWay>& info) {
+    switch (info.param) {
+        case CloseWay::Program:
+            return "Program";
+        case CloseWay::WindowSystem:
+            return "WindowSystem";
+        case CloseWay::SessionEnd:
+            return "SessionEnd";
+    }
+    return "Unknown";
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryWay, CloseWaysTest,
                          ::testing::Values(CloseWay::Program, CloseWay::WindowSystem,
-                                           CloseWay::SessionEnd));
+                                           CloseWay::SessionEnd),
+                         closeWayName);
 
 TEST_F(WaysOutTest, ASecondCloseWhileThePromotionRunsStartsNothing) {
     startWindow();
