@@ -38,14 +38,17 @@ QUrl urlOf(const QString& address) {
     return QUrl::fromLocalFile(QFileInfo(address).absoluteFilePath());
 }
 
+QString shownAddress(const QUrl& url) {
+    return url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()) : url.toDisplayString();
+}
+
 // A page of the pane's own, in the plain look of a browser's message pages.
 QString messagePage(const QString& heading, const QString& detail, const QUrl& url) {
     return QStringLiteral(
                "<html><head><title>%1</title></head>"
                "<body style='font-family:sans-serif;margin:24px;color:#333333'>"
                "<h2 style='color:#555555'>%1</h2><p><b>%2</b></p><p>%3</p></body></html>")
-        .arg(heading.toHtmlEscaped(), url.toDisplayString().toHtmlEscaped(),
-             detail.toHtmlEscaped());
+        .arg(heading.toHtmlEscaped(), shownAddress(url).toHtmlEscaped(), detail.toHtmlEscaped());
 }
 
 QString notFoundPage(const QUrl& url) {
