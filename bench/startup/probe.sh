@@ -99,9 +99,9 @@ summary() {
 }
 median() { tr ' ' '\n' <<<"$1" | { grep -E '^[0-9.]+$' || true; } | sort -g | awk '{ v[n++] = $1 } END { if (n) print (n % 2) ? v[(n - 1) / 2] : (v[n / 2 - 1] + v[n / 2]) / 2 }'; }
 
+: >"$scratch/written"
 launch warmup "Startup floor" "$heading" "$floor" >/dev/null
 launch warmup "Tablewright.." "$ours" "$program" >/dev/null
-: >"$scratch/written"
 for run in $(seq "$runs"); do
   line=$(launch floor "Startup floor" "$heading" "$floor")
   record floor "$line"; echo "floor       #$run $line"
