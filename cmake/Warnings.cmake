@@ -17,11 +17,6 @@ function(tablewright_target_options target)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
   if(TABLEWRIGHT_SANITIZE)
-    # The sanitizers' instrumentation makes GCC 12 see uninitialised reads inside the
-    # standard library (std::regex's std::function members) that are not there.
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-      target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
-    endif()
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
   endif()
