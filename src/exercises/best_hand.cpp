@@ -4,19 +4,13 @@
 #include <cmath>
 
 #include "board/board.h"
+#include "exercises/keyboard_text.h"
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
 
 namespace {
 
 constexpr std::size_t kBoardSize = 5;
-
-constexpr std::array<const char*, 13> kValueTexts{"2", "3",  "4", "5", "6", "7", "8",
-                                                  "9", "10", "J", "Q", "K", "A"};
-
-std::int32_t rounded(double value) {
-    return static_cast<std::int32_t>(std::nearbyint(value));
-}
 
 }  // namespace
 
@@ -50,12 +44,12 @@ void frmMain::ShowBestHandScreen() {
 void frmMain::cmdStart4_Click() {
     // Blinking, the message colour and Clear stay as they are: Clear comes with the answer.
     setModeFlags(&modeBestHand);
-    xincr = rounded(cWidth / 3.0);
+    xincr = keyboard_text::rounded(cWidth / 3.0);
     picLabels->Cls();
     setAllKeysEnabled(true);
     cardCount = 0;
     DealBoard();
-    xincr = rounded(cWidth / 2.0);
+    xincr = keyboard_text::rounded(cWidth / 2.0);
     lblMessage->setCaption(QStringLiteral("Select the best pocket pair (full house or less)"));
 }
 
@@ -64,7 +58,7 @@ namespace {
 // True when one value text stands on three or more of the board's keys.
 bool BoardHasThreeOfAValue(const cards::Deck& deck,
                            const std::array<platform::CommandButton*, 52>& keys) {
-    for (const char* text : kValueTexts) {
+    for (const char* text : keyboard_text::kColumnCaptions) {
         const QString value = QString::fromLatin1(text);
         int count = 0;
         for (std::size_t i = 0; i < kBoardSize; ++i) {
@@ -93,7 +87,7 @@ void frmMain::DealBoard() {
         } while (BoardHasThreeOfAValue(deck, cmdKey));
 
         picShow->Cls();
-        xincr = rounded(cWidth / 3.0);
+        xincr = keyboard_text::rounded(cWidth / 3.0);
         for (std::size_t i = 0; i < kBoardSize; ++i) {
             DrawHandOneCard(deck[i]);
             cmdKey[static_cast<std::size_t>(deck[i])]->setEnabled(false);

@@ -2,16 +2,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "exercises/keyboard_text.h"
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
-
-namespace {
-constexpr std::array<const char*, 13> kColumnCaptions{"2", "3",  "4", "5", "6", "7", "8",
-                                                      "9", "10", "J", "Q", "K", "A"};
-std::int32_t rounded(double value) {
-    return static_cast<std::int32_t>(std::nearbyint(value));
-}
-}  // namespace
 
 void frmMain::initKeys() {
     // Any failure ends the routine silently; what was done so far stays done.
@@ -31,7 +24,7 @@ void frmMain::initKeys() {
                 const auto* before = cmdKey[row * 13 + column - 1];
                 key->setLeft(key->Width() + before->Left());
                 key->setTop(first->Top());
-                key->setCaption(QString::fromLatin1(kColumnCaptions[column]));
+                key->setCaption(QString::fromLatin1(keyboard_text::kColumnCaptions[column]));
             }
         }
         cards::FillKeyMap(keyMap);
@@ -61,7 +54,7 @@ void frmMain::initKeys() {
         picShow->setHeight(picLabels->Height());
         lblHeading1->setTop(picQuiz->Height() / 20);
         lblHeading1->setLeft(picQuiz->Width() / 2 - lblHeading1->Width() / 2);
-        xincr = rounded(cWidth / 3.0);
+        xincr = keyboard_text::rounded(cWidth / 3.0);
         cmdClear->setLeft(picQuiz->Width() / 2 - cmdClear->Width() / 2);
         cmdClear->setTop(picKeys->Height() + picKeys->Top() + cmdClear->Height());
         picSuits->setLeft(picKeys->Left() - picSuits->Width() - picSuits->Width() / 25);
@@ -122,7 +115,7 @@ void frmMain::keyPressRanksPick(std::int16_t Index) {
             cards::CardFromKey(Index, keyMap, hand1[static_cast<std::size_t>(cardCount)]);
     } else {
         if (cardCount == 5)
-            xincr = rounded(cWidth / 3.0);
+            xincr = keyboard_text::rounded(cWidth / 3.0);
         DrawHandTwoCard(Index);
         if (cardCount < 10)
             cards::CardFromKey(Index, keyMap, hand2[static_cast<std::size_t>(cardCount - 5)]);
@@ -148,7 +141,7 @@ void frmMain::cmdClear_Click() {
     picShow->Cls();
     if (modeRanksPick || modeRanksRandom)
         picLabels->Cls();
-    xincr = rounded(cWidth / 3.0);
+    xincr = keyboard_text::rounded(cWidth / 3.0);
     cardCount = 0;
     setAllNamesPlain();
     messageBlinking = false;
