@@ -183,7 +183,8 @@ constexpr const char* kErrorFile = "stderr.txt";
 ProgramRun::ProgramRun(const XServer& server)
     : ProgramRun(server, QStringLiteral(TABLEWRIGHT_PROGRAM)) {}
 
-ProgramRun::ProgramRun(const XServer& server, const QString& program) {
+ProgramRun::ProgramRun(const XServer& server, const QString& program, const QStringList& arguments,
+                       const QProcessEnvironment& extraEnvironment) {
     // The desktop's URL opener, as Qt looks for it on the search path.
     const QString opener = folder_.filePath(QStringLiteral("xdg-open"));
     QFile script(opener);
@@ -205,11 +206,13 @@ ProgramRun::ProgramRun(const XServer& server, const QString& program) {
                            environment.value(QStringLiteral("LSAN_OPTIONS")) +
                                QStringLiteral(":print_suppressions=0"));
     }
+    for (const QString& name : extraEnvironment.keys())
+        environment.insert(name, extraEnvironment.value(name));
     process_.setProcessEnvironment(environment);
     // A file rather than a pipe, so a talkative program never blocks on it.
     process_.setStandardErrorFile(folder_.filePath(QString::fromLatin1(kErrorFile)));
     process_.setStandardOutputFile(QProcess::nullDevice());
-    process_.start(program, QStringList{});
+    process_.start(program, arguments);
     process_.waitForStarted(10'000);
 }
 
@@ -220,14 +223,29 @@ ProgramRun::~ProgramRun() {
     }
 }
 
+namespace {
+// The process and its children, grandchildren and so on (a program run under a tracer is
+// the tracer's child).
+QStringList processTree(qint64 root) {
+    QStringList pids{QString::number(root)};
+    for (qsizetype i = 0; i < pids.size(); ++i) {
+        QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(pids[i]));
+        if (children.open(QIODevice::ReadOnly))
+            pids +=
+                QString::fromLatin1(children.readAll()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    }
+    return pids;
+}
+}  // namespace
+
 bool ProgramRun::waitForLibrary(const QString& name, int timeoutMs) const {
     QElapsedTimer clock;
     clock.start();
-    const QString maps = QStringLiteral("/proc/%1/maps").arg(process_.processId());
     do {
-        QFile file(maps);
-        if (file.open(QIODevice::ReadOnly) && file.readAll().contains(name.toLocal8Bit())) {
-            return true;
+        for (const QString& pid : processTree(process_.processId())) {
+            QFile maps(QStringLiteral("/proc/%1/maps").arg(pid));
+            if (maps.open(QIODevice::ReadOnly) && maps.readAll().contains(name.toLocal8Bit()))
+                return true;
         }
         QThread::msleep(50);
     } while (clock.elapsed() < timeoutMs);

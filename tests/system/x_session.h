@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -50,13 +51,15 @@ class XServer {
 class ProgramRun {
   public:
     explicit ProgramRun(const XServer& server);
-    // Runs the program file given, e.g. a copy in an application folder of the test's own.
-    ProgramRun(const XServer& server, const QString& program);
+    // Runs the program file given, e.g. a copy in an application folder of the test's own,
+    // with these arguments and these variables added to its environment.
+    ProgramRun(const XServer& server, const QString& program, const QStringList& arguments = {},
+               const QProcessEnvironment& extraEnvironment = {});
     ~ProgramRun();
 
     bool started() const { return process_.state() == QProcess::Running; }
-    // True once the process has loaded a library whose file name contains `name`, polling
-    // until then (Linux: its memory map lists the files it has mapped).
+    // True once the process, or a process it started, has loaded a library whose file name
+    // contains `name`, polling until then (Linux: its memory map lists the files it mapped).
     bool waitForLibrary(const QString& name, int timeoutMs) const;
     // Waits for the process to end; the elapsed milliseconds, or -1 when it did not end.
     qint64 waitForExit(int timeoutMs);
