@@ -44,7 +44,7 @@ std::int16_t CategoryOfNameRow(int row);
 
 // The random source: single precision, 0 <= u < 1 strictly, reseeded at every shuffle.
 class RandomSource {
-public:
+  public:
     virtual ~RandomSource() = default;
     virtual void Randomize() = 0;  // reseed from the clock
     virtual float Rnd() = 0;       // 0 <= u < 1
@@ -53,12 +53,12 @@ public:
 // The real source: reseeded from a high-resolution clock mixed with the previous state,
 // so two reseeds within one clock tick never repeat a sequence.
 class ClockRandomSource final : public RandomSource {
-public:
+  public:
     ClockRandomSource();
     void Randomize() override;
     float Rnd() override;
 
-private:
+  private:
     std::uint64_t state_;
 };
 

@@ -23,6 +23,7 @@ inline constexpr std::int32_t splitAsItems = 4;
 inline constexpr std::int32_t splitAtEnd = 8;
 inline constexpr std::int32_t splitAtStart = 16;
 
-void SplitString(KeyedList& target, std::string text, std::string delimiter, std::int32_t SplitOptions);
+void SplitString(KeyedList& target, std::string text, std::string delimiter,
+                 std::int32_t SplitOptions);
 
 }  // namespace pairs

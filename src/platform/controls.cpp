@@ -9,7 +9,9 @@
 namespace platform {
 
 namespace {
-int toPixels(double twips) { return static_cast<int>(std::nearbyint(twips / kTwipsPerPixel)); }
+int toPixels(double twips) {
+    return static_cast<int>(std::nearbyint(twips / kTwipsPerPixel));
+}
 
 bool isActivationKey(const QKeyEvent* event) {
     return event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
@@ -30,19 +32,22 @@ void TwipsGeometry::setTop(double twips) {
 }
 
 void TwipsGeometry::setWidth(double twips) {
-    if (twips < 0) throw InvalidPropertyValue();
+    if (twips < 0)
+        throw InvalidPropertyValue();
     width_ = twips;
     applyGeometry();
 }
 
 void TwipsGeometry::setHeight(double twips) {
-    if (twips < 0) throw InvalidPropertyValue();
+    if (twips < 0)
+        throw InvalidPropertyValue();
     height_ = twips;
     applyGeometry();
 }
 
 void TwipsGeometry::setGeometryTwips(double left, double top, double width, double height) {
-    if (width < 0 || height < 0) throw InvalidPropertyValue();
+    if (width < 0 || height < 0)
+        throw InvalidPropertyValue();
     left_ = left;
     top_ = top;
     width_ = width;
@@ -75,7 +80,8 @@ QFont designFont(const QString& family, double pointSize, bool bold, bool underl
         // Liberation Sans has the widths of the design's sans-serif fonts; where it is
         // missing the platform's own sans-serif serves.
         font = QFont(QStringLiteral("Liberation Sans"));
-        if (QFontInfo(font).family() != font.family()) font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+        if (QFontInfo(font).family() != font.family())
+            font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
         font.setStyleHint(QFont::SansSerif);
     }
     font.setPointSizeF(pointSize);
@@ -84,7 +90,9 @@ QFont designFont(const QString& family, double pointSize, bool bold, bool underl
     return font;
 }
 
-QColor colorFromRgb(std::int32_t rgb) { return QColor::fromRgb(static_cast<QRgb>(rgb) | 0xFF000000u); }
+QColor colorFromRgb(std::int32_t rgb) {
+    return QColor::fromRgb(static_cast<QRgb>(rgb) | 0xFF000000u);
+}
 
 // ---- Label ----
 
@@ -97,9 +105,11 @@ Label::Label(QWidget* parent, const QString& name) : QLabel(parent), TwipsGeomet
 }
 
 void Label::setCaption(const QString& caption) {
-    if (caption == text()) return;
+    if (caption == text())
+        return;
     setText(caption);
-    if (autoSize_) fitToCaption();
+    if (autoSize_)
+        fitToCaption();
 }
 
 void Label::fitToCaption() {
@@ -128,7 +138,8 @@ void Label::setTransparent(bool transparent) {
 }
 
 void Label::setBorderStyle(std::int16_t style) {
-    if (borderStyle_ == style) return;
+    if (borderStyle_ == style)
+        return;
     borderStyle_ = style;
     update();
 }
@@ -160,7 +171,8 @@ void Label::mouseReleaseEvent(QMouseEvent* event) {
     const bool click = pressed_ && rect().contains(event->position().toPoint());
     pressed_ = false;
     QLabel::mouseReleaseEvent(event);
-    if (click) emit Click();
+    if (click)
+        emit Click();
 }
 
 void Label::mouseMoveEvent(QMouseEvent* event) {
@@ -212,9 +224,12 @@ PictureBox::PictureBox(QWidget* parent, const QString& name, Border border)
 
 int PictureBox::borderPixels() const {
     switch (border_) {
-        case Border::None: return 0;
-        case Border::FlatSingle: return 1;
-        case Border::Sunken: return 2;
+        case Border::None:
+            return 0;
+        case Border::FlatSingle:
+            return 1;
+        case Border::Sunken:
+            return 2;
     }
     return 0;
 }
@@ -240,7 +255,8 @@ void PictureBox::setTransparentBackground(bool transparent) {
 }
 
 void PictureBox::Cls() {
-    if (!surface_.isNull()) surface_.fill(Qt::transparent);
+    if (!surface_.isNull())
+        surface_.fill(Qt::transparent);
     drawn_.clear();
     updateDescription();
     update();
@@ -256,7 +272,8 @@ void PictureBox::updateDescription() {
 }
 
 QRgb PictureBox::surfacePixel(int x, int y) const {
-    if (surface_.isNull()) return 0;
+    if (surface_.isNull())
+        return 0;
     const qreal dpr = surface_.devicePixelRatio();
     const QPoint p(static_cast<int>(x * dpr), static_cast<int>(y * dpr));
     return surface_.rect().contains(p) ? surface_.pixel(p) : 0;
@@ -267,7 +284,8 @@ void PictureBox::ensureSurface() {
     const QSize inner = size() - QSize(2 * inset, 2 * inset);
     const qreal dpr = devicePixelRatioF();
     const QSize wanted = inner.expandedTo(QSize(1, 1)) * dpr;
-    if (surface_.size() == wanted && surface_.devicePixelRatio() == dpr) return;
+    if (surface_.size() == wanted && surface_.devicePixelRatio() == dpr)
+        return;
     // The drawing keeps its top left corner when the box changes size.
     QImage grown(wanted, QImage::Format_ARGB32_Premultiplied);
     grown.setDevicePixelRatio(dpr);
@@ -281,16 +299,20 @@ void PictureBox::ensureSurface() {
 
 void PictureBox::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    if (!surface_.isNull()) ensureSurface();
+    if (!surface_.isNull())
+        ensureSurface();
 }
 
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    if (!transparent_) painter.fillRect(rect(), colorFromRgb(backColor_));
+    if (!transparent_)
+        painter.fillRect(rect(), colorFromRgb(backColor_));
     const int inset = borderPixels();
     painter.translate(inset, inset);
-    if (!picture_.isNull()) painter.drawImage(QPoint(0, 0), picture_);
-    if (!surface_.isNull()) painter.drawImage(QPoint(0, 0), surface_);
+    if (!picture_.isNull())
+        painter.drawImage(QPoint(0, 0), picture_);
+    if (!surface_.isNull())
+        painter.drawImage(QPoint(0, 0), surface_);
     painter.resetTransform();
     if (border_ == Border::FlatSingle) {
         painter.setPen(Qt::black);
@@ -322,7 +344,8 @@ void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
     const bool click = pressed_ && rect().contains(event->position().toPoint());
     pressed_ = false;
     QWidget::mouseReleaseEvent(event);
-    if (click) emit Click();
+    if (click)
+        emit Click();
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {
@@ -335,7 +358,8 @@ void PictureBox::keyPressEvent(QKeyEvent* event) {
 
 // ---- TextBox ----
 
-TextBox::TextBox(QWidget* parent, const QString& name) : QPlainTextEdit(parent), TwipsGeometry(this) {
+TextBox::TextBox(QWidget* parent, const QString& name)
+    : QPlainTextEdit(parent), TwipsGeometry(this) {
     setObjectName(name);
     setAccessibleName(name);
     setReadOnly(true);

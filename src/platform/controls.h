@@ -23,13 +23,13 @@ inline constexpr double kTwipsPerPixel = 15.0;
 // A property value the control refuses (a negative size); the caller's failure handling
 // decides what follows, as with the original toolkit's run-time error.
 class InvalidPropertyValue : public std::runtime_error {
-public:
+  public:
     InvalidPropertyValue() : std::runtime_error("Invalid property value") {}
 };
 
 // Geometry in twips for any widget. Kept as double so layout rules give exact figures.
 class TwipsGeometry {
-public:
+  public:
     double Left() const { return left_; }
     double Top() const { return top_; }
     double Width() const { return width_; }
@@ -40,20 +40,21 @@ public:
     void setHeight(double twips);  // throws InvalidPropertyValue when negative
     void setGeometryTwips(double left, double top, double width, double height);
 
-protected:
+  protected:
     explicit TwipsGeometry(QWidget* self) : self_(self) {}
     // The pixel rectangle the twips map to.
     QRect pixelRect() const;
     void applyGeometry();
 
-private:
+  private:
     QWidget* self_;
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
 };
 
 // Maps a font of the original design ("MS Sans Serif", "Courier New", "Small Fonts") to
 // what this platform has, at the same point size.
-QFont designFont(const QString& family, double pointSize, bool bold = false, bool underline = false);
+QFont designFont(const QString& family, double pointSize, bool bold = false,
+                 bool underline = false);
 
 QColor colorFromRgb(std::int32_t rgb);
 
@@ -61,7 +62,7 @@ QColor colorFromRgb(std::int32_t rgb);
 // transparent ground, and optionally a size that follows its caption.
 class Label : public QLabel, public TwipsGeometry {
     Q_OBJECT
-public:
+  public:
     explicit Label(QWidget* parent, const QString& name);
 
     QString caption() const { return text(); }
@@ -77,11 +78,11 @@ public:
     // centre staying where it is for centred text.
     void setAutoSize(bool autoSize) { autoSize_ = autoSize; }
 
-signals:
+  signals:
     void Click();
     void MouseMove();
 
-protected:
+  protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -89,7 +90,7 @@ protected:
     void enterEvent(QEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     void applyColors();
     void fitToCaption();
 
@@ -103,7 +104,7 @@ private:
 
 class CommandButton : public QPushButton, public TwipsGeometry {
     Q_OBJECT
-public:
+  public:
     explicit CommandButton(QWidget* parent, const QString& name, const QString& caption = {});
     QString caption() const { return text(); }
     void setCaption(const QString& caption) { setText(caption); }
@@ -112,7 +113,7 @@ public:
 
 class Frame : public QGroupBox, public TwipsGeometry {
     Q_OBJECT
-public:
+  public:
     explicit Frame(QWidget* parent, const QString& name, const QString& caption);
     QString caption() const { return title(); }
 };
@@ -122,7 +123,7 @@ public:
 // so does setting BackColor.
 class PictureBox : public QWidget, public TwipsGeometry {
     Q_OBJECT
-public:
+  public:
     enum class Border { None, FlatSingle, Sunken };
     explicit PictureBox(QWidget* parent, const QString& name, Border border = Border::None);
 
@@ -152,17 +153,17 @@ public:
     // The colour of a surface pixel (inner coordinates), for tests and probes.
     QRgb surfacePixel(int x, int y) const;
 
-signals:
+  signals:
     void Click();
 
-protected:
+  protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     void ensureSurface();
     void updateDescription();
 
@@ -178,20 +179,20 @@ private:
 // A multi-line text box with a vertical scroll bar, read-only for the user.
 class TextBox : public QPlainTextEdit, public TwipsGeometry {
     Q_OBJECT
-public:
+  public:
     explicit TextBox(QWidget* parent, const QString& name);
     // The text as written, "\r\n" line breaks included; the editor shows each as one break.
     QString Text() const { return text_; }
     void setText(const QString& text);
 
-private:
+  private:
     QString text_;
 };
 
 // Gives a plain QWidget twips geometry (the tree, the browser host).
 template <typename Widget>
 class Twips : public Widget, public TwipsGeometry {
-public:
+  public:
     template <typename... Args>
     explicit Twips(Args&&... args) : Widget(std::forward<Args>(args)...), TwipsGeometry(this) {}
 };

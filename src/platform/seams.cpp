@@ -30,7 +30,8 @@ void realMessageBox(const QString& text) {
 
 // One effect per file, kept for the life of the program: playing again restarts it.
 void realPlaySound(const QString& path) {
-    if (!QFileInfo::exists(path)) return;
+    if (!QFileInfo::exists(path))
+        return;
     static std::map<QString, QSoundEffect*> effects;
     auto& effect = effects[path];
     if (!effect) {
@@ -40,10 +41,13 @@ void realPlaySound(const QString& path) {
     effect->play();
 }
 
-void realOpenAddress(const QString& address) { QDesktopServices::openUrl(QUrl(address)); }
+void realOpenAddress(const QString& address) {
+    QDesktopServices::openUrl(QUrl(address));
+}
 
 void realEndProgram(int exitCode) {
-    for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        window->hide();
     QCoreApplication::exit(exitCode);
 }
 
@@ -90,9 +94,15 @@ void resetSeams() {
     g_ending = false;
 }
 
-void MsgBox(const QString& text) { seams().messageBox(text); }
-void PlaySound(const QString& path) { seams().playSound(path); }
-void OpenAddress(const QString& address) { seams().openAddress(address); }
+void MsgBox(const QString& text) {
+    seams().messageBox(text);
+}
+void PlaySound(const QString& path) {
+    seams().playSound(path);
+}
+void OpenAddress(const QString& address) {
+    seams().openAddress(address);
+}
 
 void EndProgram(int exitCode) {
     g_ending = true;
@@ -100,27 +110,40 @@ void EndProgram(int exitCode) {
     seams().endProgram(exitCode);
 }
 
-bool programEnding() { return g_ending; }
-cards::RandomSource& Random() { return *seams().random; }
-std::int64_t TickCount() { return seams().tickCount(); }
-int ScreenWidthPixels() { return seams().screenWidthPixels(); }
-
-QString ApplicationFolder() {
-    return g_applicationFolder.isEmpty() ? QCoreApplication::applicationDirPath() : g_applicationFolder;
+bool programEnding() {
+    return g_ending;
+}
+cards::RandomSource& Random() {
+    return *seams().random;
+}
+std::int64_t TickCount() {
+    return seams().tickCount();
+}
+int ScreenWidthPixels() {
+    return seams().screenWidthPixels();
 }
 
-void setApplicationFolder(const QString& folder) { g_applicationFolder = folder; }
+QString ApplicationFolder() {
+    return g_applicationFolder.isEmpty() ? QCoreApplication::applicationDirPath()
+                                         : g_applicationFolder;
+}
+
+void setApplicationFolder(const QString& folder) {
+    g_applicationFolder = folder;
+}
 
 QString AppPath(const QString& backslashName) {
     QString relative = backslashName;
     relative.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    while (relative.startsWith(QLatin1Char('/'))) relative.remove(0, 1);
+    while (relative.startsWith(QLatin1Char('/')))
+        relative.remove(0, 1);
     return QDir(ApplicationFolder()).filePath(relative);
 }
 
 void WaitServingEvents(std::int32_t milliseconds, const std::function<bool()>& stop) {
     const double scaled = milliseconds * seams().waitScale;
-    if (milliseconds <= 0 || g_ending) return;
+    if (milliseconds <= 0 || g_ending)
+        return;
     const std::int64_t start = TickCount();
     const auto deadline = start + static_cast<std::int64_t>(scaled);
     auto stopped = [&] { return g_ending || (stop && stop()); };
@@ -137,7 +160,8 @@ void WaitServingEvents(std::int32_t milliseconds, const std::function<bool()>& s
         // A stop raised by an event ends the wait as soon as that event has been served.
         if (auto* dispatcher = QAbstractEventDispatcher::instance()) {
             QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &loop, [&] {
-                if (stopped()) loop.quit();
+                if (stopped())
+                    loop.quit();
             });
         }
         timer.start(static_cast<int>(std::max<std::int64_t>(1, deadline - TickCount())));
@@ -148,11 +172,13 @@ void WaitServingEvents(std::int32_t milliseconds, const std::function<bool()>& s
 }
 
 void InterruptWaits() {
-    for (QEventLoop* loop : runningWaits()) loop->quit();
+    for (QEventLoop* loop : runningWaits())
+        loop->quit();
 }
 
 void DoEvents() {
-    if (QCoreApplication::instance()) QCoreApplication::processEvents(QEventLoop::AllEvents);
+    if (QCoreApplication::instance())
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
 }  // namespace platform

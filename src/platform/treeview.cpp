@@ -9,7 +9,8 @@ namespace {
 constexpr int kKeyRole = Qt::UserRole + 1;
 }
 
-TreeView::TreeView(QWidget* parent, const QString& name) : QTreeWidget(parent), TwipsGeometry(this) {
+TreeView::TreeView(QWidget* parent, const QString& name)
+    : QTreeWidget(parent), TwipsGeometry(this) {
     setObjectName(name);
     setAccessibleName(QStringLiteral("Topics"));
     setHeaderHidden(true);
@@ -23,7 +24,8 @@ TreeView::TreeView(QWidget* parent, const QString& name) : QTreeWidget(parent), 
             [this](QTreeWidgetItem* item) { emit NodeClick(indexOf(item)); });
     connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         // Enter on an entry repeats its action, as a second click does.
-        if (keyboardNavigating_) emit NodeClick(indexOf(item));
+        if (keyboardNavigating_)
+            emit NodeClick(indexOf(item));
     });
     connect(this, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* current) { onCurrentItemChanged(current); });
@@ -43,7 +45,8 @@ int TreeView::addNode(std::optional<int> parentIndex, const QString& key, const 
 }
 
 QTreeWidgetItem* TreeView::node(int index) const {
-    if (index < 1 || index > nodeCount()) return nullptr;
+    if (index < 1 || index > nodeCount())
+        return nullptr;
     return nodes_[static_cast<std::size_t>(index - 1)];
 }
 
@@ -58,12 +61,14 @@ QString TreeView::nodeKey(int index) const {
 }
 
 void TreeView::setExpanded(int index, bool expanded) {
-    if (auto* item = node(index)) item->setExpanded(expanded);
+    if (auto* item = node(index))
+        item->setExpanded(expanded);
 }
 
 void TreeView::setSelected(int index) {
     auto* item = node(index);
-    if (!item) return;
+    if (!item)
+        return;
     const QSignalBlocker blocker(this);
     setCurrentItem(item);
     item->setSelected(true);
@@ -81,7 +86,8 @@ bool TreeView::isBold(int index) const {
 
 void TreeView::setBold(int index, bool bold) {
     auto* item = node(index);
-    if (!item) return;
+    if (!item)
+        return;
     QFont font = item->font(0);
     font.setBold(bold);
     item->setFont(0, font);
@@ -98,12 +104,14 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
 }
 
 void TreeView::onCurrentItemChanged(QTreeWidgetItem* current) {
-    if (keyboardNavigating_ && current) emit NodeClick(indexOf(current));
+    if (keyboardNavigating_ && current)
+        emit NodeClick(indexOf(current));
 }
 
 int TreeView::indexOf(const QTreeWidgetItem* item) const {
     for (std::size_t i = 0; i < nodes_.size(); ++i) {
-        if (nodes_[i] == item) return static_cast<int>(i + 1);
+        if (nodes_[i] == item)
+            return static_cast<int>(i + 1);
     }
     return 0;
 }

@@ -12,7 +12,7 @@ namespace platform {
 
 class TreeView : public QTreeWidget, public TwipsGeometry {
     Q_OBJECT
-public:
+  public:
     explicit TreeView(QWidget* parent, const QString& name);
 
     // Adds an entry at the top level, or as the last child of the entry `parentIndex`.
@@ -31,13 +31,13 @@ public:
     void setBold(int index, bool bold);
     void setIndentationTwips(double twips);
 
-signals:
+  signals:
     void NodeClick(int index);
 
-protected:
+  protected:
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     void onCurrentItemChanged(QTreeWidgetItem* current);
     int indexOf(const QTreeWidgetItem* item) const;
 

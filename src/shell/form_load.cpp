@@ -19,15 +19,20 @@ void frmMain::Form_Load() {
     TreeView1->setIndentationTwips(19 * platform::kTwipsPerPixel);
     TreeView1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     for (const topics::Topic& topic : topics::kTopics) {
-        const QString key = QString::fromUtf8(topic.key.data(), static_cast<qsizetype>(topic.key.size()));
-        const QString text = QString::fromUtf8(topic.text.data(), static_cast<qsizetype>(topic.text.size()));
+        const QString key =
+            QString::fromUtf8(topic.key.data(), static_cast<qsizetype>(topic.key.size()));
+        const QString text =
+            QString::fromUtf8(topic.text.data(), static_cast<qsizetype>(topic.text.size()));
         const int index = TreeView1->addNode(
-            topic.parentIndex == 0 ? std::nullopt : std::optional<int>(topic.parentIndex), key, text);
+            topic.parentIndex == 0 ? std::nullopt : std::optional<int>(topic.parentIndex), key,
+            text);
         // A parent is expanded right after its last child.
-        const bool lastChild = index == TreeView1->nodeCount() &&
-                               (index == static_cast<int>(topics::kTopics.size()) ||
-                                topics::kTopics[static_cast<std::size_t>(index)].parentIndex != topic.parentIndex);
-        if (topic.parentIndex != 0 && lastChild) TreeView1->setExpanded(topic.parentIndex, true);
+        const bool lastChild =
+            index == TreeView1->nodeCount() &&
+            (index == static_cast<int>(topics::kTopics.size()) ||
+             topics::kTopics[static_cast<std::size_t>(index)].parentIndex != topic.parentIndex);
+        if (topic.parentIndex != 0 && lastChild)
+            TreeView1->setExpanded(topic.parentIndex, true);
     }
 
     BoldTopTopics();
@@ -40,7 +45,9 @@ void frmMain::Form_Load() {
     promoteOnClose = true;
 }
 
-void frmMain::Form_Activate() { TreeView1->setFocus(); }
+void frmMain::Form_Activate() {
+    TreeView1->setFocus();
+}
 
 void frmMain::Form_Resize() {
     // Each step that fails (a negative size is refused) is skipped; the next one still runs.
@@ -57,5 +64,6 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::load169() {
-    pairTable = pairs::load169(QDir(platform::ApplicationFolder()).filePath(QStringLiteral("169.txt")).toStdString());
+    pairTable = pairs::load169(
+        QDir(platform::ApplicationFolder()).filePath(QStringLiteral("169.txt")).toStdString());
 }

@@ -12,7 +12,9 @@ namespace {
 // The inner area at the design size, and what the usual borders add to it, in twips.
 constexpr double kInnerWidth = 13815, kInnerHeight = 9795;
 constexpr double kBorderWidth = 120, kBorderHeight = 405;
-int pixels(double twips) { return static_cast<int>(std::nearbyint(twips / platform::kTwipsPerPixel)); }
+int pixels(double twips) {
+    return static_cast<int>(std::nearbyint(twips / platform::kTwipsPerPixel));
+}
 }  // namespace
 
 frmMain::frmMain(QWidget* parent) : QWidget(parent) {
@@ -24,7 +26,8 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     pal.setColor(QPalette::Window, platform::colorFromRgb(0xC0C0C0));
     setPalette(pal);
     // The engine's failure messages come up in the window's message box.
-    cards::SetMessageSink([](const std::string& text) { platform::MsgBox(QString::fromStdString(text)); });
+    cards::SetMessageSink(
+        [](const std::string& text) { platform::MsgBox(QString::fromStdString(text)); });
     createControls();
     promotion::setEnoughTip(*lblEnough);
     connectHandlers();
@@ -41,7 +44,8 @@ frmMain::~frmMain() = default;
 void frmMain::connectHandlers() {
     connect(Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
     connect(TreeView1, &platform::TreeView::NodeClick, this, &frmMain::TreeView1_NodeClick);
-    connect(WebBrowser1, &platform::WebBrowser::BeforeNavigate2, this, &frmMain::WebBrowser1_BeforeNavigate2);
+    connect(WebBrowser1, &platform::WebBrowser::BeforeNavigate2, this,
+            &frmMain::WebBrowser1_BeforeNavigate2);
     for (std::size_t i = 0; i < cmdKey.size(); ++i) {
         const auto index = static_cast<std::int16_t>(i);
         connect(cmdKey[i], &QPushButton::clicked, this, [this, index] { cmdKey_Click(index); });
@@ -49,7 +53,8 @@ void frmMain::connectHandlers() {
     for (std::size_t i = 0; i < lblName.size(); ++i) {
         const auto index = static_cast<std::int16_t>(i);
         connect(lblName[i], &platform::Label::Click, this, [this, index] { lblName_Click(index); });
-        connect(lblName[i], &platform::Label::MouseMove, this, [this, index] { lblName_MouseMove(index); });
+        connect(lblName[i], &platform::Label::MouseMove, this,
+                [this, index] { lblName_MouseMove(index); });
     }
     connect(cmdClear, &QPushButton::clicked, this, &frmMain::cmdClear_Click);
     connect(cmdStart1A, &QPushButton::clicked, this, &frmMain::cmdStart1A_Click);
@@ -84,13 +89,16 @@ void frmMain::showEvent(QShowEvent* event) {
 
 void frmMain::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    if (isVisible()) Form_Resize();
+    if (isVisible())
+        Form_Resize();
 }
 
 void frmMain::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) Form_Activate();
-    if (event->type() == QEvent::WindowStateChange && isVisible()) Form_Resize();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        Form_Activate();
+    if (event->type() == QEvent::WindowStateChange && isVisible())
+        Form_Resize();
 }
 
 void frmMain::paintEvent(QPaintEvent* event) {

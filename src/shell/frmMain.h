@@ -24,7 +24,7 @@ extern bool showRoomOffer;
 
 class frmMain : public QWidget {
     Q_OBJECT
-public:
+  public:
     explicit frmMain(QWidget* parent = nullptr);
     ~frmMain() override;
 
@@ -169,14 +169,14 @@ public:
     // The promotion window, made at its first use.
     frmPacific* promotionWindow() const { return promotion_; }
 
-protected:
+  protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
-private:
+  private:
     // Building the controls at their design places (frmMain_controls.cpp).
     void createControls();
     void createExercisePanel();

@@ -20,22 +20,34 @@ constexpr std::int32_t kLightGrey = 0xE0E0E0;
 constexpr std::int32_t kGreen = 0x008000;
 
 constexpr std::array<const char*, 4> kRowSuitNames{"Clubs", "Diamonds", "Spades", "Hearts"};
-constexpr std::array<const char*, 13> kColumnRankNames{"Two",  "Three", "Four",  "Five", "Six",
+constexpr std::array<const char*, 13> kColumnRankNames{"Two",   "Three", "Four", "Five", "Six",
                                                        "Seven", "Eight", "Nine", "Ten",  "Jack",
                                                        "Queen", "King",  "Ace"};
 constexpr std::array<double, 9> kNameTops{60, 375, 690, 990, 1290, 1575, 1875, 2175, 2475};
 constexpr std::array<const char*, 9> kNameCaptions{
-    "Straight Flush", "Four of a Kind", "Full House", "Flush",   "Straight",
-    "Three of a Kind", "Two Pair",      "One Pair",   "High Card"};
+    "Straight Flush",  "Four of a Kind", "Full House", "Flush",    "Straight",
+    "Three of a Kind", "Two Pair",       "One Pair",   "High Card"};
 
 struct Place {
     double left, top;
 };
-constexpr std::array<Place, 8> kPocketPlaces{{{2190, 4755}, {1305, 3390}, {1905, 1815}, {3690, 1155},
-                                              {5715, 1110}, {7230, 1785}, {7830, 3405}, {6945, 4815}}};
-constexpr std::array<Place, 9> kSeatLabelPlaces{{{2850, 4950}, {1965, 3585}, {2565, 2070},
-                                                 {3900, 1785}, {5910, 1755}, {7470, 2415},
-                                                 {7500, 3615}, {6585, 5010}, {4905, 4080}}};
+constexpr std::array<Place, 8> kPocketPlaces{{{2190, 4755},
+                                              {1305, 3390},
+                                              {1905, 1815},
+                                              {3690, 1155},
+                                              {5715, 1110},
+                                              {7230, 1785},
+                                              {7830, 3405},
+                                              {6945, 4815}}};
+constexpr std::array<Place, 9> kSeatLabelPlaces{{{2850, 4950},
+                                                 {1965, 3585},
+                                                 {2565, 2070},
+                                                 {3900, 1785},
+                                                 {5910, 1755},
+                                                 {7470, 2415},
+                                                 {7500, 3615},
+                                                 {6585, 5010},
+                                                 {4905, 4080}}};
 constexpr std::array<Place, 5> kFlopPlaces{
     {{3300, 2805}, {4095, 2805}, {4890, 2805}, {5685, 2805}, {6465, 2790}}};
 // Jack of clubs, five of hearts, eight of spades, then the turn (six of hearts) and the
@@ -43,9 +55,12 @@ constexpr std::array<Place, 5> kFlopPlaces{
 constexpr std::array<int, 5> kFlopCards{40, 18, 31, 22, 26};
 constexpr int kTenOfClubs = 36, kFourOfClubs = 12, kJackOfHearts = 42, kJackOfDiamonds = 41;
 
-qreal screenRatio() { return qApp ? qApp->devicePixelRatio() : 1.0; }
+qreal screenRatio() {
+    return qApp ? qApp->devicePixelRatio() : 1.0;
+}
 
-CommandButton* makeStartButton(QWidget* frame, const QString& name, double left, const QString& spoken) {
+CommandButton* makeStartButton(QWidget* frame, const QString& name, double left,
+                               const QString& spoken) {
     auto* button = new CommandButton(frame, name, QStringLiteral("Start"));
     button->setFont(designFont(kSansSerif, 9.75, true));
     button->setGeometryTwips(left, 1275, 735, 420);
@@ -140,7 +155,8 @@ void frmMain::createExercisePanel() {
     picSuits->setBackColor(kLightGrey);
     picSuits->setGeometryTwips(4485, 4110, 1335, 1755);
     std::array<CommandButton**, 4> rowLabels{&zCommand1, &zCommand2, &zCommand3, &zcommandbutton5};
-    const std::array<const char*, 4> rowNames{"zCommand1", "zCommand2", "zCommand3", "zcommandbutton5"};
+    const std::array<const char*, 4> rowNames{"zCommand1", "zCommand2", "zCommand3",
+                                              "zcommandbutton5"};
     for (std::size_t row = 0; row < rowLabels.size(); ++row) {
         auto* label = new CommandButton(picSuits, QString::fromLatin1(rowNames[row]),
                                         QString::fromLatin1(kRowSuitNames[row]));
@@ -162,11 +178,14 @@ void frmMain::createExercisePanel() {
     Frame2->setGeometryTwips(4860, 6465, 3135, 1890);
 
     lblEx1 = makeWrappedLabel(Frame1, QStringLiteral("lblEx1"), 285, 765);
-    lblEx1->setCaption(
-        QStringLiteral("You pick 5 cards from the keyboard the program displays the poker hand name"));
-    cmdStart1A = makeStartButton(Frame1, QStringLiteral("cmdStart1A"), 1380, QStringLiteral("Start exercise 1"));
-    cmdStart2A = makeStartButton(Frame1, QStringLiteral("cmdStart2A"), 1380, QStringLiteral("Start exercise 1"));
-    cmdStart3A = makeStartButton(Frame1, QStringLiteral("cmdStart3A"), 1380, QStringLiteral("Start exercise 1"));
+    lblEx1->setCaption(QStringLiteral(
+        "You pick 5 cards from the keyboard the program displays the poker hand name"));
+    cmdStart1A = makeStartButton(Frame1, QStringLiteral("cmdStart1A"), 1380,
+                                 QStringLiteral("Start exercise 1"));
+    cmdStart2A = makeStartButton(Frame1, QStringLiteral("cmdStart2A"), 1380,
+                                 QStringLiteral("Start exercise 1"));
+    cmdStart3A = makeStartButton(Frame1, QStringLiteral("cmdStart3A"), 1380,
+                                 QStringLiteral("Start exercise 1"));
     cmdStart3A->setBackColor(kGrey);
     cmdStart4 = makeStartButton(Frame1, QStringLiteral("cmdStart4"), 1395, QStringLiteral("Start"));
     cmdStart4->setBackColor(kGrey);
@@ -174,14 +193,18 @@ void frmMain::createExercisePanel() {
     lblEx2 = makeWrappedLabel(Frame2, QStringLiteral("lblEx2"), 360, 720);
     lblEx2->setCaption(QStringLiteral(
         "The program will display a random hand, you pick the correct name from the list"));
-    cmdStart1B = makeStartButton(Frame2, QStringLiteral("cmdStart1B"), 1380, QStringLiteral("Start exercise 2"));
-    cmdStart2B = makeStartButton(Frame2, QStringLiteral("cmdStart2B"), 1380, QStringLiteral("Start exercise 2"));
-    cmdStart3B = makeStartButton(Frame2, QStringLiteral("cmdStart3B"), 1380, QStringLiteral("Start exercise 2"));
+    cmdStart1B = makeStartButton(Frame2, QStringLiteral("cmdStart1B"), 1380,
+                                 QStringLiteral("Start exercise 2"));
+    cmdStart2B = makeStartButton(Frame2, QStringLiteral("cmdStart2B"), 1380,
+                                 QStringLiteral("Start exercise 2"));
+    cmdStart3B = makeStartButton(Frame2, QStringLiteral("cmdStart3B"), 1380,
+                                 QStringLiteral("Start exercise 2"));
 }
 
 void frmMain::createKeyboard() {
     for (int index = 0; index < 52; ++index) {
-        auto* key = new CommandButton(picKeys, QStringLiteral("cmdKey(%1)").arg(index), QStringLiteral("1"));
+        auto* key = new CommandButton(picKeys, QStringLiteral("cmdKey(%1)").arg(index),
+                                      QStringLiteral("1"));
         key->setFont(designFont(kSansSerif, 9.75, true));
         key->setGeometryTwips(0, 0, 465, 435);
         // The caption stays the keyboard's; a screen reader says the card.
@@ -217,7 +240,8 @@ void frmMain::createStage() {
         seat->setTransparent(true);
         seat->setForeColor(0xFFFFFF);
         seat->setCaption(i == 8 ? QStringLiteral("Pot") : QStringLiteral("50c"));
-        seat->setGeometryTwips(kSeatLabelPlaces[i].left, kSeatLabelPlaces[i].top, i == 8 ? 300 : 330, 240);
+        seat->setGeometryTwips(kSeatLabelPlaces[i].left, kSeatLabelPlaces[i].top,
+                               i == 8 ? 300 : 330, 240);
         seat->setAutoSize(true);
         lblArray[i] = seat;
     }
@@ -244,7 +268,8 @@ void frmMain::createStage() {
         pocket->setAccessibleName(QStringLiteral("Two cards face down"));
         picPocket[seat] = pocket;
     };
-    for (std::size_t seat : {4u, 3u, 2u, 1u, 0u}) makePocket(seat);
+    for (std::size_t seat : {4u, 3u, 2u, 1u, 0u})
+        makePocket(seat);
 
     Picture1 = new PictureBox(picDemo, QStringLiteral("Picture1"), PictureBox::Border::FlatSingle);
     Picture1->setBackColor(kGrey);
@@ -259,7 +284,8 @@ void frmMain::createStage() {
     txtComments->setGeometryTwips(105, 75, 3570, 1590);
     txtComments->setAccessibleName(QStringLiteral("Comments"));
 
-    for (std::size_t seat : {5u, 6u, 7u}) makePocket(seat);
+    for (std::size_t seat : {5u, 6u, 7u})
+        makePocket(seat);
 
     picDealer = new PictureBox(picDemo, QStringLiteral("picDealer"));
     picDealer->setTransparentBackground(true);
@@ -276,13 +302,15 @@ void frmMain::createStage() {
         picFlop[i] = card;
     }
 
-    picShowDown1 = new PictureBox(picDemo, QStringLiteral("picShowDown1"), PictureBox::Border::FlatSingle);
+    picShowDown1 =
+        new PictureBox(picDemo, QStringLiteral("picShowDown1"), PictureBox::Border::FlatSingle);
     picShowDown1->setTransparentBackground(true);
     picShowDown1->setPicture(
         platform::artwork::showdownFan(kTenOfClubs, kFourOfClubs, QSize(67, 70), ratio));
     picShowDown1->setGeometryTwips(1935, 1665, 1035, 1080);
     picShowDown1->setAccessibleName(QStringLiteral("Ten of Clubs, Four of Clubs"));
-    picShowDown2 = new PictureBox(picDemo, QStringLiteral("picShowDown2"), PictureBox::Border::FlatSingle);
+    picShowDown2 =
+        new PictureBox(picDemo, QStringLiteral("picShowDown2"), PictureBox::Border::FlatSingle);
     picShowDown2->setTransparentBackground(true);
     picShowDown2->setPicture(
         platform::artwork::showdownFan(kJackOfHearts, kJackOfDiamonds, QSize(66, 70), ratio));

@@ -1,10 +1,12 @@
 // The topic tree and the content pane it switches.
+#include "platform/mDefs.h"
 #include "shell/frmMain.h"
 #include "shell/topics.h"
-#include "platform/mDefs.h"
 
 namespace {
-QString qs(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString qs(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 }  // namespace
 
 void frmMain::BoldTopTopics() {
@@ -19,7 +21,8 @@ void frmMain::BoldTopTopics() {
             TreeView1->setSelected(i);
             platform::DoEvents();
             const int item = TreeView1->selectedIndex();
-            if (item <= 0) continue;
+            if (item <= 0)
+                continue;
             TreeView1->setBold(item, !TreeView1->isBold(item));
         }
         TreeView1->setSelected(1);
@@ -32,7 +35,8 @@ void frmMain::TreeView1_NodeClick(int nodeIndex) {
     const QString text = TreeView1->nodeText(nodeIndex);
     const auto topic = std::find_if(topics::kTopics.begin(), topics::kTopics.end(),
                                     [&](const topics::Topic& t) { return qs(t.text) == text; });
-    if (topic == topics::kTopics.end()) return;
+    if (topic == topics::kTopics.end())
+        return;
 
     switch (topic->action) {
         case topics::Action::Page:
@@ -46,11 +50,20 @@ void frmMain::TreeView1_NodeClick(int nodeIndex) {
             picQuiz->setVisible(true);
             picDemo->setVisible(false);
             switch (topic->screen) {
-                case topics::Screen::HandNames: ShowHandNamesScreen(); break;
-                case topics::Screen::Rankings: ShowRankingsScreen(); break;
-                case topics::Screen::PairValue: ShowPairValueScreen(); break;
-                case topics::Screen::BestHand: ShowBestHandScreen(); break;
-                default: break;
+                case topics::Screen::HandNames:
+                    ShowHandNamesScreen();
+                    break;
+                case topics::Screen::Rankings:
+                    ShowRankingsScreen();
+                    break;
+                case topics::Screen::PairValue:
+                    ShowPairValueScreen();
+                    break;
+                case topics::Screen::BestHand:
+                    ShowBestHandScreen();
+                    break;
+                default:
+                    break;
             }
             break;
         case topics::Action::SampleGame:
@@ -61,7 +74,8 @@ void frmMain::TreeView1_NodeClick(int nodeIndex) {
             ShowSampleGame();
             break;
     }
-    if (topic->treeTakesFocus && !platform::programEnding()) TreeView1->setFocus();
+    if (topic->treeTakesFocus && !platform::programEnding())
+        TreeView1->setFocus();
 }
 
 void frmMain::WebBrowser1_BeforeNavigate2(const QString&) {

@@ -13,7 +13,7 @@ using platform::Label;
 using platform::PictureBox;
 
 class ControlsTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         test_support::app();
         platform::resetSeams();
@@ -96,8 +96,10 @@ TEST_F(ControlsTest, PictureBoxKeepsItsDrawingUntilClsOrANewBackColor) {
 
 TEST_F(ControlsTest, ApplicationPathsFollowTheProgramsFolder) {
     platform::setApplicationFolder(QStringLiteral("/opt/tw"));
-    EXPECT_EQ(platform::AppPath(QStringLiteral("\\html\\intro.html")), QStringLiteral("/opt/tw/html/intro.html"));
-    EXPECT_EQ(platform::AppPath(QStringLiteral("\\wavs\\no.wav")), QStringLiteral("/opt/tw/wavs/no.wav"));
+    EXPECT_EQ(platform::AppPath(QStringLiteral("\\html\\intro.html")),
+              QStringLiteral("/opt/tw/html/intro.html"));
+    EXPECT_EQ(platform::AppPath(QStringLiteral("\\wavs\\no.wav")),
+              QStringLiteral("/opt/tw/wavs/no.wav"));
     platform::setApplicationFolder(QString());
 }
 

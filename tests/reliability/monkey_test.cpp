@@ -17,13 +17,13 @@ int envOr(const char* name, int fallback) {
 }
 
 class MonkeyTest : public test_support::WindowTest {
-protected:
+  protected:
     // The action chosen, in words, for the failure message.
     std::string act(std::mt19937& engine);
     // Empty when every invariant holds; else what is wrong.
     std::string brokenInvariant() const;
 
-private:
+  private:
     static bool reachable(const QWidget* w) { return w->isVisible() && w->isEnabled(); }
 };
 
@@ -39,11 +39,13 @@ std::string MonkeyTest::act(std::mt19937& engine) {
             break;
         }
         case 1: {
-            std::array<QPushButton*, 8> buttons{f.cmdStart1A, f.cmdStart1B, f.cmdStart2A, f.cmdStart2B,
-                                                f.cmdStart3A, f.cmdStart3B, f.cmdStart4,  f.cmdClear};
+            std::array<QPushButton*, 8> buttons{f.cmdStart1A, f.cmdStart1B, f.cmdStart2A,
+                                                f.cmdStart2B, f.cmdStart3A, f.cmdStart3B,
+                                                f.cmdStart4,  f.cmdClear};
             QPushButton* button = buttons[static_cast<std::size_t>(pick(8))];
             said << "button " << button->objectName().toStdString();
-            if (reachable(button)) button->click();
+            if (reachable(button))
+                button->click();
             break;
         }
         case 2:
@@ -51,7 +53,8 @@ std::string MonkeyTest::act(std::mt19937& engine) {
         case 4: {
             const int key = pick(52);
             said << "key " << key;
-            if (reachable(f.cmdKey[static_cast<std::size_t>(key)])) f.cmdKey[static_cast<std::size_t>(key)]->click();
+            if (reachable(f.cmdKey[static_cast<std::size_t>(key)]))
+                f.cmdKey[static_cast<std::size_t>(key)]->click();
             break;
         }
         case 5: {
@@ -68,11 +71,13 @@ std::string MonkeyTest::act(std::mt19937& engine) {
         }
         case 6:
             said << "surface";
-            if (f.picQuiz->isVisible()) pick(2) == 0 ? f.picShow_Click() : f.picLabels_Click();
+            if (f.picQuiz->isVisible())
+                pick(2) == 0 ? f.picShow_Click() : f.picLabels_Click();
             break;
         case 7:
             said << "next";
-            if (reachable(f.cmdNext)) f.cmdNext->click();
+            if (reachable(f.cmdNext))
+                f.cmdNext->click();
             break;
         case 8:
             said << "tick";
@@ -103,25 +108,35 @@ std::string MonkeyTest::act(std::mt19937& engine) {
 
 std::string MonkeyTest::brokenInvariant() const {
     const frmMain& f = *form;
-    const int views = int(!f.WebBrowser1->isHidden()) + int(!f.picQuiz->isHidden()) + int(!f.picDemo->isHidden());
-    if (views != 1) return "views shown: " + std::to_string(views);
-    const int modes = int(f.modeNamesPick) + int(f.modeNamesRandom) + int(f.modeRanksPick) + int(f.modeRanksRandom) +
-                      int(f.modePairPick) + int(f.modePairRandom) + int(f.modeBestHand);
-    if (modes > 1) return "mode flags set: " + std::to_string(modes);
+    const int views =
+        int(!f.WebBrowser1->isHidden()) + int(!f.picQuiz->isHidden()) + int(!f.picDemo->isHidden());
+    if (views != 1)
+        return "views shown: " + std::to_string(views);
+    const int modes = int(f.modeNamesPick) + int(f.modeNamesRandom) + int(f.modeRanksPick) +
+                      int(f.modeRanksRandom) + int(f.modePairPick) + int(f.modePairRandom) +
+                      int(f.modeBestHand);
+    if (modes > 1)
+        return "mode flags set: " + std::to_string(modes);
     int handSize = 5;
-    if (f.modeRanksPick) handSize = 10;
-    if (f.modePairPick || f.modeBestHand) handSize = 2;
-    if (f.cardCount < 0 || f.cardCount >= handSize) return "cardCount " + std::to_string(f.cardCount);
-    if (f.sampleStep < 0 || f.sampleStep > 34) return "sampleStep " + std::to_string(f.sampleStep);
+    if (f.modeRanksPick)
+        handSize = 10;
+    if (f.modePairPick || f.modeBestHand)
+        handSize = 2;
+    if (f.cardCount < 0 || f.cardCount >= handSize)
+        return "cardCount " + std::to_string(f.cardCount);
+    if (f.sampleStep < 0 || f.sampleStep > 34)
+        return "sampleStep " + std::to_string(f.sampleStep);
 
     const auto enabled = enabledKeys();
     const int disabled = 52 - static_cast<int>(enabled.size());
     const bool closed = enabled.empty();
     if (modes == 0 || f.modeNamesRandom || f.modePairRandom) {
-        if (!closed) return "keys open with no pick running: " + std::to_string(enabled.size());
+        if (!closed)
+            return "keys open with no pick running: " + std::to_string(enabled.size());
     } else if (f.modeNamesPick || f.modeRanksPick || f.modePairPick) {
         if (!closed && disabled != f.cardCount) {
-            return "picking with " + std::to_string(disabled) + " keys disabled, cardCount " + std::to_string(f.cardCount);
+            return "picking with " + std::to_string(disabled) + " keys disabled, cardCount " +
+                   std::to_string(f.cardCount);
         }
     } else if (f.modeBestHand) {
         if (!closed && disabled != 5 + f.cardCount) {
@@ -135,7 +150,8 @@ std::string MonkeyTest::brokenInvariant() const {
             }
         }
     }
-    if (!recorded.messages.empty()) return "message box: " + recorded.messages.front().toStdString();
+    if (!recorded.messages.empty())
+        return "message box: " + recorded.messages.front().toStdString();
     return {};
 }
 
@@ -145,7 +161,8 @@ TEST_F(MonkeyTest, RandomWalksKeepTheWindowsInvariants) {
     const int first = envOr("TABLEWRIGHT_MONKEY_SEED", 1);
     const int actions = envOr("TABLEWRIGHT_MONKEY_ACTIONS", 1500);
     for (int seed = first; seed < first + seeds; ++seed) {
-        auto dealer = std::make_unique<test_support::ScriptedRandom>(static_cast<std::uint32_t>(seed));
+        auto dealer =
+            std::make_unique<test_support::ScriptedRandom>(static_cast<std::uint32_t>(seed));
         random = dealer.get();
         platform::seams().random = std::move(dealer);
         startWindow();  // a fresh window for each seed
@@ -153,7 +170,8 @@ TEST_F(MonkeyTest, RandomWalksKeepTheWindowsInvariants) {
         for (int n = 1; n <= actions; ++n) {
             const std::string action = act(engine);
             const std::string broken = brokenInvariant();
-            ASSERT_TRUE(broken.empty()) << "seed " << seed << ", action " << n << " (" << action << "): " << broken;
+            ASSERT_TRUE(broken.empty())
+                << "seed " << seed << ", action " << n << " (" << action << "): " << broken;
         }
         std::printf("monkey: seed %d, %d actions\n", seed, actions);
     }

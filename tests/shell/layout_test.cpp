@@ -58,7 +58,8 @@ TEST_F(LayoutTest, DesignSizeGivesTheWorkedExample) {
 TEST_F(LayoutTest, KeysStandInThirteenColumnsOfFourSuitRows) {
     startWindow();
     const frmMain& f = *form;
-    static constexpr const char* kCaptions[] = {"2", "3", "4", "5", "6", "7", "8", "9", "10", "J", "Q", "K", "A"};
+    static constexpr const char* kCaptions[] = {"2", "3",  "4", "5", "6", "7", "8",
+                                                "9", "10", "J", "Q", "K", "A"};
     for (int k = 0; k < 52; ++k) {
         const auto* key = f.cmdKey[static_cast<std::size_t>(k)];
         EXPECT_EQ(key->caption(), QString::fromLatin1(kCaptions[k % 13])) << k;

@@ -12,10 +12,13 @@ class TreeTest : public test_support::WindowTest {};
 enum class View { Browser, Quiz, Demo };
 
 View visibleView(const frmMain& f) {
-    const int shown = int(!f.WebBrowser1->isHidden()) + int(!f.picQuiz->isHidden()) + int(!f.picDemo->isHidden());
+    const int shown =
+        int(!f.WebBrowser1->isHidden()) + int(!f.picQuiz->isHidden()) + int(!f.picDemo->isHidden());
     EXPECT_EQ(shown, 1);
-    if (!f.picQuiz->isHidden()) return View::Quiz;
-    if (!f.picDemo->isHidden()) return View::Demo;
+    if (!f.picQuiz->isHidden())
+        return View::Quiz;
+    if (!f.picDemo->isHidden())
+        return View::Demo;
     return View::Browser;
 }
 
@@ -80,11 +83,13 @@ TEST_F(TreeTest, EachEntryShowsItsViewNavigatesAndPlacesTheFocus) {
             f.TreeView1_NodeClick(index);
             EXPECT_EQ(visibleView(f), e.view);
             if (e.view == View::Browser) {
-                EXPECT_EQ(f.WebBrowser1->LocationURL(), appFile(QStringLiteral("html/") + QString::fromUtf8(e.page)));
+                EXPECT_EQ(f.WebBrowser1->LocationURL(),
+                          appFile(QStringLiteral("html/") + QString::fromUtf8(e.page)));
             } else {
                 EXPECT_EQ(f.WebBrowser1->LocationURL(), before);
             }
-            EXPECT_EQ(f.TreeView1->hasFocus() || QApplication::focusWidget() == f.TreeView1, e.treeTakesFocus);
+            EXPECT_EQ(f.TreeView1->hasFocus() || QApplication::focusWidget() == f.TreeView1,
+                      e.treeTakesFocus);
         }
     }
 }

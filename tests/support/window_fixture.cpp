@@ -13,7 +13,8 @@ namespace {
 
 void copyFolder(const QString& from, const QString& to) {
     QDir().mkpath(to);
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
         const QString target = to + path.mid(from.size());
@@ -94,7 +95,8 @@ void WindowTest::clickTopic(const QString& text) {
 
 void WindowTest::serveEvents(int milliseconds) {
     QCoreApplication::processEvents(QEventLoop::AllEvents);
-    if (milliseconds > 0) QTest::qWait(milliseconds);
+    if (milliseconds > 0)
+        QTest::qWait(milliseconds);
 }
 
 int WindowTest::markedName() const {
@@ -109,7 +111,8 @@ int WindowTest::markedName() const {
 std::vector<int> WindowTest::enabledKeys() const {
     std::vector<int> keys;
     for (std::size_t i = 0; i < form->cmdKey.size(); ++i) {
-        if (form->cmdKey[i]->isEnabledTo(form->picKeys)) keys.push_back(static_cast<int>(i));
+        if (form->cmdKey[i]->isEnabledTo(form->picKeys))
+            keys.push_back(static_cast<int>(i));
     }
     return keys;
 }

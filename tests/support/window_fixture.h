@@ -22,14 +22,14 @@ namespace test_support {
 QApplication& app();
 
 class ScriptedRandom final : public cards::RandomSource {
-public:
+  public:
     explicit ScriptedRandom(std::uint32_t seed = 12345) : engine_(seed) {}
     void Randomize() override { ++reseeds; }
     float Rnd() override;
     std::deque<float> script;  // played first, then the seeded engine
     int reseeds = 0;
 
-private:
+  private:
     std::mt19937 engine_;
 };
 
@@ -41,7 +41,7 @@ struct Recorder {
 };
 
 class WindowTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override;
     void TearDown() override;
 
@@ -64,7 +64,7 @@ protected:
     Recorder recorded;
     ScriptedRandom* random = nullptr;  // owned by the seams
 
-private:
+  private:
     QTemporaryDir folder_;
 };
 

@@ -3,6 +3,7 @@
 // sounds), and leaves cleanly through the promotion window.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -11,7 +12,6 @@
 #include <QTemporaryDir>
 #include <functional>
 #include <random>
-#include <unistd.h>
 
 #include "x_session.h"
 
@@ -22,12 +22,14 @@ using system_test::XServer;
 
 const QString kMainTitle = QStringLiteral("Tablewright..");
 const QString kMessageTitle = QStringLiteral("Tablewright");
-const QString kPromotionTitle = QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
+const QString kPromotionTitle =
+    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
 constexpr int kAppearMs = 30'000;
 constexpr int kEndMs = 10'000;
 
 void copyFolder(const QString& from, const QString& to) {
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
         const QString target = to + path.mid(from.size());
@@ -53,7 +55,7 @@ struct Case {
 };
 
 class MissingFilesTest : public ::testing::TestWithParam<Case> {
-protected:
+  protected:
     static void SetUpTestSuite() {
         static int argc = 1;
         static char name[] = "system_missing_files_test";
@@ -76,7 +78,8 @@ TEST_P(MissingFilesTest, StartsSaysWhatItShouldAndEndsCleanly) {
     if (GetParam().tableMessage) {
         const unsigned long box = server.waitForWindow(kMessageTitle, kAppearMs);
         ASSERT_NE(box, 0u) << "no message about the table";
-        EXPECT_TRUE(server.windowsTitled(kMainTitle).empty()) << "the message comes before the window";
+        EXPECT_TRUE(server.windowsTitled(kMainTitle).empty())
+            << "the message comes before the window";
         server.requestClose(box);
     }
     const unsigned long mainWindow = server.waitForWindow(kMainTitle, kAppearMs);
@@ -99,7 +102,8 @@ TEST_P(MissingFilesTest, StartsSaysWhatItShouldAndEndsCleanly) {
 QByteArray garbage(std::size_t size, std::uint32_t seed) {
     std::mt19937 engine(seed);
     QByteArray bytes(static_cast<qsizetype>(size), '\0');
-    for (auto& b : bytes) b = static_cast<char>(engine());
+    for (auto& b : bytes)
+        b = static_cast<char>(engine());
     return bytes;
 }
 
@@ -109,10 +113,14 @@ INSTANTIATE_TEST_SUITE_P(
     EveryFile, MissingFilesTest,
     ::testing::Values(
         Case{"NoTable", [](const QDir& d) { QFile::remove(d.filePath("169.txt")); }, true},
-        Case{"NoLessonFolder", [](const QDir& d) { QDir(d.filePath("html")).removeRecursively(); }, false},
-        Case{"NoHomePage", [](const QDir& d) { QFile::remove(d.filePath("html/intro.html")); }, false},
-        Case{"NoSounds", [](const QDir& d) { QDir(d.filePath("wavs")).removeRecursively(); }, false},
-        Case{"GarbageTable", [](const QDir& d) { writeBytes(d.filePath("169.txt"), garbage(200'000, 7)); }, false},
+        Case{"NoLessonFolder", [](const QDir& d) { QDir(d.filePath("html")).removeRecursively(); },
+             false},
+        Case{"NoHomePage", [](const QDir& d) { QFile::remove(d.filePath("html/intro.html")); },
+             false},
+        Case{"NoSounds", [](const QDir& d) { QDir(d.filePath("wavs")).removeRecursively(); },
+             false},
+        Case{"GarbageTable",
+             [](const QDir& d) { writeBytes(d.filePath("169.txt"), garbage(200'000, 7)); }, false},
         Case{"FolderForTable",
              [](const QDir& d) {
                  QFile::remove(d.filePath("169.txt"));
@@ -121,7 +129,9 @@ INSTANTIATE_TEST_SUITE_P(
              true},
         // Root reads a file whatever its mode says; anyone else gets the table's message.
         Case{"UnreadableTable",
-             [](const QDir& d) { QFile::setPermissions(d.filePath("169.txt"), QFileDevice::Permissions{}); },
+             [](const QDir& d) {
+                 QFile::setPermissions(d.filePath("169.txt"), QFileDevice::Permissions{});
+             },
              !kRoot}),
     [](const ::testing::TestParamInfo<Case>& info) { return std::string(info.param.name); });
 

@@ -18,13 +18,17 @@ std::vector<Scene>& scenes() {
     return all;
 }
 
-void settle(int milliseconds) { QTest::qWait(milliseconds); }
+void settle(int milliseconds) {
+    QTest::qWait(milliseconds);
+}
 
 namespace {
 QPointer<QWidget> windowInstead;
 }  // namespace
 
-void saveWindowInstead(QWidget* window) { windowInstead = window; }
+void saveWindowInstead(QWidget* window) {
+    windowInstead = window;
+}
 
 void clickTopic(frmMain& form, const QString& text) {
     for (int index = 1; index <= form.TreeView1->nodeCount(); ++index) {
@@ -40,11 +44,13 @@ namespace {
 
 // Fixed values, so the screenshots are the same at every run.
 class SeededRandom final : public cards::RandomSource {
-public:
+  public:
     void Randomize() override {}
-    float Rnd() override { return std::uniform_real_distribution<float>(0.0f, 0.99999994f)(engine_); }
+    float Rnd() override {
+        return std::uniform_real_distribution<float>(0.0f, 0.99999994f)(engine_);
+    }
 
-private:
+  private:
     std::mt19937 engine_{20261122};
 };
 
@@ -56,29 +62,37 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     platform::configureApplication(app);
     // Absolute now: the window's start-up changes the working folder.
-    const QString outFolder = QDir(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/screenshots"))
-                                  .absolutePath();
+    const QString outFolder =
+        QDir(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/screenshots"))
+            .absolutePath();
     QDir().mkpath(outFolder);
-    platform::setApplicationFolder(QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../../app")).absolutePath());
+    platform::setApplicationFolder(
+        QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../../app")).absolutePath());
     platform::seams().openAddress = [](const QString&) {};
     platform::seams().endProgram = [](int) {};
     // A message (a missing 169.txt, say) is printed rather than shown: nothing may block.
-    platform::seams().messageBox = [](const QString& text) { std::fprintf(stderr, "message: %s\n", qPrintable(text)); };
+    platform::seams().messageBox = [](const QString& text) {
+        std::fprintf(stderr, "message: %s\n", qPrintable(text));
+    };
     int written = 0;
     for (const auto& scene : screenshots::scenes()) {
         bool wanted = argc <= 2;
-        for (int i = 2; i < argc; ++i) wanted |= QString::fromLocal8Bit(argv[i]) == QLatin1String(scene.name);
-        if (!wanted) continue;
+        for (int i = 2; i < argc; ++i)
+            wanted |= QString::fromLocal8Bit(argv[i]) == QLatin1String(scene.name);
+        if (!wanted)
+            continue;
         platform::seams().random = std::make_unique<screenshots::SeededRandom>();
         frmMain form;
         form.Form_Load();
         form.show();
-        if (!QTest::qWaitForWindowExposed(&form)) std::fprintf(stderr, "%s: window not shown\n", scene.name);
+        if (!QTest::qWaitForWindowExposed(&form))
+            std::fprintf(stderr, "%s: window not shown\n", scene.name);
         screenshots::settle(1500);
         screenshots::saveWindowInstead(nullptr);
         scene.play(form);
         screenshots::settle(300);
-        const QString file = QDir(outFolder).filePath(QString::fromLatin1(scene.name) + QStringLiteral(".png"));
+        const QString file =
+            QDir(outFolder).filePath(QString::fromLatin1(scene.name) + QStringLiteral(".png"));
         QWidget* shown = screenshots::windowInstead ? screenshots::windowInstead.data() : &form;
         shown->grab().save(file);
         std::printf("%s\n", qPrintable(file));

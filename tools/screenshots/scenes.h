@@ -17,7 +17,9 @@ struct Scene {
 std::vector<Scene>& scenes();
 
 struct Register {
-    Register(const char* name, std::function<void(frmMain&)> play) { scenes().push_back({name, std::move(play)}); }
+    Register(const char* name, std::function<void(frmMain&)> play) {
+        scenes().push_back({name, std::move(play)});
+    }
 };
 
 // Serves events for a while, so pages load and the window repaints.
