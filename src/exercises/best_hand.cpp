@@ -22,6 +22,8 @@ void frmMain::ShowBestHandScreen() {
         }
         cmdClear->setEnabled(false);
         picLabels->setBackColor(0x008000);
+        picShow->setAccessibleName(QStringLiteral("Board"));
+        picLabels->setAccessibleName(QStringLiteral("Your two cards"));
         picLabels->Cls();
         picShow->Cls();
         lblHeading1->setCaption(QStringLiteral("Best Hand Recognition"));

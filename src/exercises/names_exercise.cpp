@@ -31,6 +31,7 @@ void frmMain::ShowHandNamesScreen() {
         }
         picLabels->setBackColor(kListGrey);
         picLabels->setAccessibleName(QStringLiteral("Hand names"));
+        picShow->setAccessibleName(QStringLiteral("Hand"));
         picShow->Cls();
         setAllNamesPlain();
         lblHeading1->setCaption(QStringLiteral("Poker Hand Names"));

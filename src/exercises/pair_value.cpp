@@ -92,6 +92,8 @@ void frmMain::ShowPairValueScreen() {
         lblName[8]->setVisible(false);
         setAllNamesPlain();
         picLabels->setBackColor(0xE0E0E0);
+        picShow->setAccessibleName(QStringLiteral("Two cards"));
+        picLabels->setAccessibleName(QStringLiteral("Pair values"));
         picShow->Cls();
         lblHeading1->setCaption(QStringLiteral("Pre-Flop Pair Value"));
         lblMessage->setCaption(QStringLiteral("Click [Start] to begin.."));

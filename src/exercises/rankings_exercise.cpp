@@ -23,6 +23,7 @@ void frmMain::ShowRankingsScreen() {
         cmdClear->setEnabled(false);
         picLabels->setBackColor(kGreen);
         picLabels->setAccessibleName(QStringLiteral("Second hand"));
+        picShow->setAccessibleName(QStringLiteral("First hand"));
         picLabels->Cls();
         picShow->Cls();
         lblHeading1->setCaption(QStringLiteral("Poker Hand Rankings"));
