@@ -44,7 +44,8 @@ inline int drawRow(cards::RandomSource& random) {
 }
 
 // Deals once, or, in rows 1 to 3, until the dealt category is in the row's set. The loop
-// does not serve events: no click or tick comes in between two deals.
+// does not serve events: no click or tick comes in between two deals. A deal that failed
+// (category 0) ends it, since dealing again would fail again and the window would hang.
 template <typename Deal>
 void dealSteered(const Table& table, int row, Deal&& deal) {
     if (row < 1 || row > static_cast<int>(table.size())) {
@@ -52,8 +53,8 @@ void dealSteered(const Table& table, int row, Deal&& deal) {
         return;
     }
     const CategorySet wanted = table[static_cast<std::size_t>(row - 1)];
-    while (!accepts(wanted, deal())) {
-    }
+    for (std::int16_t category = deal(); category != 0 && !accepts(wanted, category);)
+        category = deal();
 }
 
 }  // namespace steering
