@@ -17,13 +17,12 @@
 
 namespace {
 
+using system_test::kMainTitle;
+using system_test::kPromotionTitle;
 using system_test::ProgramRun;
 using system_test::XServer;
 
-const QString kMainTitle = QStringLiteral("Tablewright..");
 const QString kMessageTitle = QStringLiteral("Tablewright");
-const QString kPromotionTitle =
-    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
 constexpr int kAppearMs = 30'000;
 constexpr int kEndMs = 10'000;
 
@@ -56,12 +55,7 @@ struct Case {
 
 class MissingFilesTest : public ::testing::TestWithParam<Case> {
   protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "system_missing_files_test";
-        static char* argv[] = {name, nullptr};
-        static QCoreApplication application(argc, argv);
-    }
+    static void SetUpTestSuite() { system_test::startApplication(); }
     XServer server;
 };
 

@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
@@ -18,12 +17,11 @@
 
 namespace {
 
+using system_test::kMainTitle;
+using system_test::kPromotionTitle;
 using system_test::ProgramRun;
 using system_test::XServer;
 
-const QString kMainTitle = QStringLiteral("Tablewright..");
-const QString kPromotionTitle =
-    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
 constexpr int kAppearMs = 60'000;  // start-up under strace on a busy machine
 constexpr int kVisitMs = 600'000;
 constexpr int kEndMs = 30'000;
@@ -173,12 +171,7 @@ class TracedRun {
 
 class NoWritesTest : public ::testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "system_no_writes_test";
-        static char* argv[] = {name, nullptr};
-        static QCoreApplication application(argc, argv);
-    }
+    static void SetUpTestSuite() { system_test::startApplication(); }
 
     void SetUp() override {
         ASSERT_TRUE(server.running()) << "Xvfb did not start";
@@ -208,10 +201,8 @@ TEST_F(NoWritesTest, TheProgramStartedAndLeftThroughThePromotionWritesNothing) {
     ASSERT_TRUE(run.started());
     const unsigned long mainWindow = server.waitForWindow(kMainTitle, kAppearMs);
     ASSERT_NE(mainWindow, 0u) << "the main window did not come up";
-    if (QFileInfo::exists(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM))
-                              .dir()
-                              .filePath(QStringLiteral("tablewright_webpane.so")))) {
-        ASSERT_TRUE(run.waitForLibrary(QStringLiteral("tablewright_webpane"), kAppearMs));
+    if (system_test::engineModuleBuilt()) {
+        ASSERT_TRUE(run.waitForLibrary(system_test::kEngineModule, kAppearMs));
         QThread::msleep(2000);  // the engine's first page
     }
     server.requestClose(mainWindow);
@@ -237,9 +228,7 @@ TEST_F(NoWritesTest, AWholeVisitWritesNothing) {
     ASSERT_EQ(run.exitCode(), 0) << run.errors().toStdString();
     // Every entry, every page, the seven Start buttons, the sample hand to its last step.
     EXPECT_TRUE(said.contains(QStringLiteral("visit: lesson pane engine")) ||
-                !QFileInfo::exists(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM))
-                                       .dir()
-                                       .filePath(QStringLiteral("tablewright_webpane.so"))));
+                !system_test::engineModuleBuilt());
     const auto tally =
         QRegularExpression(
             QStringLiteral(R"(^visit: 34 entries, (\d+) pages, 7 rounds, (\d+) keys, )"

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QThread>
 #include <cstdio>
 
@@ -13,12 +12,11 @@
 
 namespace {
 
+using system_test::kMainTitle;
+using system_test::kPromotionTitle;
 using system_test::ProgramRun;
 using system_test::XServer;
 
-const QString kMainTitle = QStringLiteral("Tablewright..");
-const QString kPromotionTitle =
-    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
 constexpr int kAppearMs = 30'000;  // start-up on a busy machine
 constexpr int kEndMs = 10'000;
 // How soon after the last action the program's windows must be gone and the process ended.
@@ -36,12 +34,7 @@ constexpr QPoint kHomePageButton{(2325 + 2070 / 2) / 15, (6465 + 750 / 2) / 15};
 
 class WaysOutSystemTest : public ::testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "system_ways_out_test";
-        static char* argv[] = {name, nullptr};
-        static QCoreApplication application(argc, argv);
-    }
+    static void SetUpTestSuite() { system_test::startApplication(); }
 
     void SetUp() override {
         ASSERT_TRUE(server.running()) << "Xvfb did not start";
@@ -51,10 +44,8 @@ class WaysOutSystemTest : public ::testing::Test {
         ASSERT_NE(mainWindow, 0u) << "the main window did not come up";
         // Where the lesson pane has its browser engine beside the program, the engine is
         // loaded after the first paint; the ways out must end the program with it running.
-        const QString engine = QStringLiteral("tablewright_webpane");
-        if (QFileInfo(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM)).dir(), engine + ".so")
-                .exists()) {
-            ASSERT_TRUE(run->waitForLibrary(engine, kAppearMs))
+        if (system_test::engineModuleBuilt()) {
+            ASSERT_TRUE(run->waitForLibrary(system_test::kEngineModule, kAppearMs))
                 << "the browser engine did not load";
         }
     }

@@ -1,8 +1,10 @@
 #include "x_session.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QThread>
@@ -13,6 +15,18 @@
 #include <X11/Xutil.h>
 
 namespace system_test {
+
+bool engineModuleBuilt() {
+    return QFileInfo(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM)).dir(), kEngineModule + ".so")
+        .exists();
+}
+
+void startApplication() {
+    static int argc = 1;
+    static char name[] = "system_test";
+    static char* argv[] = {name, nullptr};
+    static QCoreApplication application(argc, argv);
+}
 
 struct XServer::Connection {
     Display* display = nullptr;

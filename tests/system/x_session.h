@@ -14,6 +14,18 @@
 
 namespace system_test {
 
+// The titles of the program's windows, as the window system sees them.
+inline const QString kMainTitle = QStringLiteral("Tablewright..");
+inline const QString kPromotionTitle =
+    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
+
+// The browser engine's module, when it was built beside the program (not in sanitizer builds).
+inline const QString kEngineModule = QStringLiteral("tablewright_webpane");
+bool engineModuleBuilt();
+
+// The test process's own application object, made once (Qt's processes and files need one).
+void startApplication();
+
 // An Xvfb of its own on the first free display, for the life of the object.
 class XServer {
   public:
