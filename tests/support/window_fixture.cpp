@@ -1,32 +1,13 @@
 #include "window_fixture.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QTest>
 
 #include "platform/webbrowser.h"
+#include "support/folders.h"
 
 namespace test_support {
-
-namespace {
-
-void copyFolder(const QString& from, const QString& to) {
-    QDir().mkpath(to);
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const QString target = to + path.mid(from.size());
-        if (it.fileInfo().isDir()) {
-            QDir().mkpath(target);
-        } else {
-            QFile::copy(path, target);
-        }
-    }
-}
-
-}  // namespace
 
 QApplication& app() {
     static int argc = 1;

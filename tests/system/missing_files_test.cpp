@@ -6,13 +6,13 @@
 #include <unistd.h>
 #include <QCoreApplication>
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <functional>
 #include <random>
 
+#include "../support/folders.h"
 #include "x_session.h"
 
 namespace {
@@ -21,25 +21,11 @@ using system_test::kMainTitle;
 using system_test::kPromotionTitle;
 using system_test::ProgramRun;
 using system_test::XServer;
+using test_support::copyFolder;
 
 const QString kMessageTitle = QStringLiteral("Tablewright");
 constexpr int kAppearMs = 30'000;
 constexpr int kEndMs = 10'000;
-
-void copyFolder(const QString& from, const QString& to) {
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const QString target = to + path.mid(from.size());
-        if (it.fileInfo().isDir()) {
-            QDir().mkpath(target);
-        } else {
-            QFile::copy(path, target);
-            QFile::setPermissions(target, QFileInfo(path).permissions());
-        }
-    }
-}
 
 void writeBytes(const QString& path, const QByteArray& bytes) {
     QFile file(path);
