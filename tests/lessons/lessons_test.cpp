@@ -4,9 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <numeric>
 #include <ranges>
 #include <regex>
 #include <set>
@@ -97,13 +100,23 @@ TEST(LessonFolder, PagesAndStylesheetAreWellFormedOfflineSoundAndInTheTreesOrder
             const std::string tag = m[1], attribute = m[2], url = m[3];
             if (std::regex_search(url, std::regex("^(https?:|ftp:|//)", std::regex::icase))) {
                 EXPECT_TRUE(tag == "a" && attribute == "href") << name << " loads " << url;
-            } else if (url[0] != '#' && !url.starts_with("mailto:")) {
+            } else if (!url.starts_with("mailto:")) {
                 const std::string file = url.substr(0, url.find_first_of("#?"));
-                EXPECT_TRUE(std::regex_match(file, std::regex(R"([\w-]+\.\w+)")) &&
-                            std::filesystem::is_regular_file(kDir + "/" + file))
+                EXPECT_TRUE(file.empty() || (std::regex_match(file, std::regex(R"([\w-]+\.\w+)")) &&
+                                             std::filesystem::is_regular_file(kDir + "/" + file)))
                     << name << ": " << url << " is no file of the folder";
+                // The anchor a link names, such as a glossary entry, is there to jump to.
+                const auto hash = url.find('#');
+                const std::string target = file.empty() ? html : readPage(file);
+                EXPECT_TRUE(hash == std::string::npos ||
+                            target.find(" id=\"" + url.substr(hash + 1) + "\"") !=
+                                std::string::npos)
+                    << name << ": no anchor for " << url;
             }
         }
+        std::set<std::string> ids;
+        for (const auto& m : all(html, R"re(\sid="([^"]*)")re"))
+            EXPECT_TRUE(ids.insert(m[1]).second) << name << ": id " << m[1] << " twice";
         // The text pane shows any other reference as typed.
         const std::regex known(
             "&(amp|lt|gt|quot|nbsp|[nm]dash|[lr]dquo|rsquo|hellip|times|divide|"
@@ -195,42 +208,188 @@ void expectRounded(const std::string& stated, double truth, const std::string& w
         << what << ": " << stated << " should be " << truth;
 }
 
-TEST(RankPage, FrequencyTableAndRoyalFlushFiguresMatchACountOfAllHands) {
-    std::array<double, 9> counts{};
+double choose(int n, int k) {
+    double result = 1;  // each step is itself a binomial, so no rounding creeps in
+    for (int i = 0; i < k; ++i)
+        result = result * (n - i) / (i + 1);
+    return result;
+}
+
+// Of a set of ranks, one bit per rank 2..14: whether five of them run in sequence, the ace
+// also counting low.
+bool holdsStraight(unsigned ranks) {
+    ranks |= (ranks >> 14 & 1U) << 1;
+    for (int low = 1; low <= 10; ++low)
+        if ((ranks >> low & 0x1FU) == 0x1FU)
+            return true;
+    return false;
+}
+
+// How many of the hands of n cards (n up to 7) are of each kind, by their best five cards, and
+// how many hold a royal flush. Not dealt one by one: each way of taking n ranks, at most four
+// of each, is counted with the number of suit choices it has. Of those choices, the ones with
+// five or more cards in one suit hold a flush; no more than seven cards cannot hold a flush
+// and four of a kind or a full house as well.
+struct HandCounts {
+    std::array<double, 9> kinds{};
     double royals = 0;
-    std::vector<bool> chosen(52);  // every five of the 52 cards, once
-    std::fill(chosen.begin(), chosen.begin() + 5, true);
-    do {
-        std::vector<Card> hand;
-        for (int id = 0; id < 52; ++id)
-            if (chosen[static_cast<std::size_t>(id)])
-                hand.push_back({2 + id / 4, id % 4});
-        const auto s = strength(hand);
-        ++counts[static_cast<std::size_t>(s[0])];
-        royals += s[0] == 8 && s[1] == 14 ? 1 : 0;
-    } while (std::prev_permutation(chosen.begin(), chosen.end()));
-    const double total = 2598960;
-    const std::string html = readPage("rank.html");
-    const auto at = html.find(R"(<table class="data" id="frequencies">)");
-    ASSERT_NE(at, std::string::npos) << "no frequency table in rank.html";
-    std::vector<std::size_t> order;
-    for (const auto& row :
-         rowsOf(html.substr(at, html.find("</table>", at) - at)) | std::views::drop(1)) {
-        ASSERT_GE(row.size(), 4u) << row[0] << " wants hand, count, chance, one in";
-        const std::string hand = plain(row[0]);
-        const auto kind = kindNamed(row[0]);
-        const double count = hand == "Total" ? total : kind < kKinds.size() ? counts[kind] : -1;
-        expectRounded(row[1], count, hand);
-        expectRounded(row[2], 100.0 * count / total, hand + " chance");
-        if (hand != "Total")
-            expectRounded(row[3], total / count, hand + " one in");
-        order.push_back(kind);
+};
+void countRanks(int rank, int left, std::array<int, 15>& of, HandCounts& counts) {
+    if (rank <= 14) {
+        int& here = of[static_cast<std::size_t>(rank)];
+        for (here = 0; here <= std::min(4, left); ++here)
+            countRanks(rank + 1, left - here, of, counts);
+        here = 0;
+        return;
     }
-    EXPECT_EQ(order, (std::vector<std::size_t>{8, 7, 6, 5, 4, 3, 2, 1, 0, kKinds.size()}))
-        << "all nine, best first, then the total";
-    expectRounded(all(html, R"((\d+) are royal flushes)").at(0)[1].str(), royals, "royal flushes");
-    expectRounded(all(html, R"(once in ([\d,]+) five-card deals)").at(0)[1].str(), total / royals,
-                  "a royal once in");
+    if (left != 0)
+        return;
+    unsigned present = 0;
+    double ways = 1;
+    std::array<int, 5> groups{};  // how many ranks come once, twice, three or four times
+    for (std::size_t r = 2; r <= 14; ++r) {
+        present |= of[r] > 0 ? 1U << r : 0U;
+        ways *= choose(4, of[r]);
+        ++groups[static_cast<std::size_t>(of[r])];
+    }
+    double flushes = 0;  // the suit choices with five or more of these ranks in one suit
+    for (unsigned suited = present; suited != 0; suited = (suited - 1) & present) {
+        if (std::popcount(suited) < 5)
+            continue;
+        double choices = 4;  // the suit, then the other suits of each rank
+        for (std::size_t r = 2; r <= 14; ++r)
+            choices *= choose(3, of[r] - static_cast<int>(suited >> r & 1U));
+        flushes += choices;
+        counts.kinds[holdsStraight(suited) ? 8 : 5] += choices;
+        counts.royals += (suited & 0x7C00U) == 0x7C00U ? choices : 0;
+    }
+    const std::size_t kind = groups[4]                                 ? 7
+                             : groups[3] && groups[3] + groups[2] >= 2 ? 6
+                             : holdsStraight(present)                  ? 4
+                             : groups[3]                               ? 3
+                             : groups[2] >= 2                          ? 2
+                             : groups[2]                               ? 1
+                                                                       : 0;
+    counts.kinds[kind] += ways - flushes;
+}
+HandCounts countHands(int cards) {
+    HandCounts counts;
+    std::array<int, 15> of{};
+    countRanks(2, cards, of, counts);
+    return counts;
+}
+
+// Some HTML as plain text on one line, each table cell closed by " |".
+std::string flat(const std::string& html) {
+    static const std::regex cellEnd("</t[dh]>"), blanks("\\s+");
+    return std::regex_replace(plain(std::regex_replace(html, cellEnd, " |")), blanks, " ");
+}
+
+// The chance that at least one of `outs` cards comes among `dealt` of `unseen`.
+double hitChance(int outs, int dealt, int unseen) {
+    return 1 - choose(unseen - outs, dealt) / choose(unseen, dealt);
+}
+
+// A figure the pages state is worked out again from the cards: the rank page's tables from a
+// count of all hands of five and of seven, the others from how many cards help.
+TEST(PageFigures, AreWhatCountingTheCardsGives) {
+    const std::array<HandCounts, 2> counts{countHands(5), countHands(7)};
+    const std::string rank = readPage("rank.html");
+    for (const auto& [table, cards] : {std::pair{"frequencies", 5}, std::pair{"frequencies7", 7}}) {
+        const HandCounts& count = counts[cards == 5 ? 0 : 1];
+        const double total = choose(52, cards);
+        const auto at = rank.find(std::string(R"(<table class="data" id=")") + table + "\">");
+        ASSERT_NE(at, std::string::npos) << "no table " << table << " in rank.html";
+        std::vector<std::size_t> order;
+        for (const auto& row :
+             rowsOf(rank.substr(at, rank.find("</table>", at) - at)) | std::views::drop(1)) {
+            ASSERT_GE(row.size(), 4u) << row[0] << " wants hand, count, chance, one in";
+            const std::string hand = plain(row[0]) + " of " + std::to_string(cards);
+            const auto kind = kindNamed(row[0]);
+            const double n = plain(row[0]) == "Total" ? total
+                             : kind < kKinds.size()   ? count.kinds[kind]
+                                                      : -1;
+            expectRounded(row[1], n, hand);
+            expectRounded(row[2], 100.0 * n / total, hand + " chance");
+            if (plain(row[0]) != "Total")
+                expectRounded(row[3], total / n, hand + " one in");
+            order.push_back(kind);
+        }
+        EXPECT_EQ(order, (std::vector<std::size_t>{8, 7, 6, 5, 4, 3, 2, 1, 0, kKinds.size()}))
+            << table << ": all nine, best first, then the total";
+    }
+
+    const auto& five = counts[0].kinds;
+    const double hands = choose(52, 5), flops = choose(50, 3);
+    using Truths = std::function<std::vector<double>(const std::smatch&)>;
+    const auto number = [](const std::smatch& m, std::size_t group) { return std::stod(m[group]); };
+    const struct {
+        const char* page;
+        const char* pattern;  // in the page's flat text; the figures are its last groups
+        std::size_t times;    // how often the page states it
+        Truths truths;
+    } stated[] = {
+        {"rank.html", R"((\d+) are royal flushes.*once in ([\d,]+) five-card deals)", 1,
+         [&](auto&) {
+             return std::vector{counts[0].royals, hands / counts[0].royals};
+         }},
+        {"quiz1.html", R"(two pair or better, [^(]*\(([\d.]+)%\))", 1,
+         [&](auto&) {
+             return std::vector{100 * std::accumulate(five.begin() + 2, five.end(), 0.0) / hands};
+         }},
+        // the outs table: from the flop by the river, from the turn on the river, odds against
+        {"txpot.html", R"((\d+) \| [^|]+ \| ([\d.]+)% \| ([\d.]+)% \| ([\d.]+) to 1 \|)", 7,
+         [&](auto& m) {
+             const double outs = number(m, 1);
+             return std::vector{100 * hitChance(static_cast<int>(outs), 2, 47), 100 * outs / 46,
+                                (46 - outs) / outs};
+         }},
+        {"txpot.html", R"(\$?(\d+) divide \$?(\d+) = ([\d.]+)%)", 4,
+         [&](auto& m) { return std::vector{100 * number(m, 1) / number(m, 2)}; }},
+        // a pocket pair: two of the other 50 cards make a set by the flop, turn and river
+        {"txpair.html", R"(\((?:all )?(\d) cards\) \| ([\d.]+)% \| 1 in ([\d.]+))", 3,
+         [&](auto& m) {
+             const double hit = hitChance(2, static_cast<int>(number(m, 1)), 50);
+             return std::vector{100 * hit, 1 / hit};
+         }},
+        {"txpair.html", R"(1 in [\d.]+, or ([\d.]+) to 1 against)", 1,
+         [&](auto&) { return std::vector{(1 - hitChance(2, 3, 50)) / hitChance(2, 3, 50)}; }},
+        // the flop set, without and with a pair of another rank, and four of a kind
+        {"txpair.html",
+         R"(set ([\d.]+)% of the time, a full house ([\d.]+)%.*four of a kind ([\d.]+)%)", 1,
+         [&](auto&) {
+             const double pairs = 12 * choose(4, 2);
+             return std::vector{100 * 2 * (choose(48, 2) - pairs) / flops, 100 * 2 * pairs / flops,
+                                100 * 48 / flops};
+         }},
+        {"txpair.html", R"(2 in 47, about ([\d.]+)%, .*? about ([\d.]+)%)", 1,
+         [&](auto&) {
+             return std::vector{100 * 2.0 / 47, 100 * hitChance(2, 2, 47)};
+         }},
+        // at least one card of a higher rank on the flop
+        {"txpair.html", R"((10|[2-9JQK])-\1 \| [AKQJ, ]+ \| (\d+)% \|)", 4,
+         [&](auto& m) {
+             const auto higher =
+                 14 - static_cast<int>(
+                          std::string("  23456789TJQK").find(m[1] == "10" ? 'T' : m[1].str()[0]));
+             return std::vector{100 * hitChance(4 * higher, 3, 50)};
+         }},
+        {"txpair.html", R"((\d+) of 1,326 \| ([\d.]+)% \| ([\d.]+) hands)", 3,
+         [&](auto& m) {
+             return std::vector{100 * number(m, 1) / 1326, 1326 / number(m, 1)};
+         }},
+    };
+    for (const auto& figure : stated) {
+        const std::string text = flat(readPage(figure.page));
+        const auto found = all(text, figure.pattern);
+        EXPECT_EQ(found.size(), figure.times) << figure.page << ": " << figure.pattern;
+        for (const auto& m : found) {
+            const auto truths = figure.truths(m);
+            for (std::size_t i = 0; i < truths.size(); ++i)
+                expectRounded(m[m.size() - truths.size() + i].str(), truths[i],
+                              std::string(figure.page) + ": " + m.str());
+        }
+    }
 }
 
 // rank.html's rows: examples (rank | kind | cards) and comparisons (Hand 1 | Hand 2 | Winner);
