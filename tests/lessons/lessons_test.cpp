@@ -208,8 +208,9 @@ void expectRounded(const std::string& stated, double truth, const std::string& w
         << what << ": " << stated << " should be " << truth;
 }
 
+// The number of ways to take k of n things.
 double choose(int n, int k) {
-    double result = 1;  // each step is itself a binomial, so no rounding creeps in
+    double result = 1;  // each step is itself a whole number, so nothing is rounded
     for (int i = 0; i < k; ++i)
         result = result * (n - i) / (i + 1);
     return result;
@@ -228,8 +229,8 @@ bool holdsStraight(unsigned ranks) {
 // How many of the hands of n cards (n up to 7) are of each kind, by their best five cards, and
 // how many hold a royal flush. Not dealt one by one: each way of taking n ranks, at most four
 // of each, is counted with the number of suit choices it has. Of those choices, the ones with
-// five or more cards in one suit hold a flush; no more than seven cards cannot hold a flush
-// and four of a kind or a full house as well.
+// five or more cards in one suit hold a flush, and the rest go by their ranks alone: seven
+// cards or fewer never hold a flush together with four of a kind or a full house.
 struct HandCounts {
     std::array<double, 9> kinds{};
     double royals = 0;
