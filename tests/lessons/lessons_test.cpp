@@ -179,6 +179,37 @@ std::array<int, 6> strength(const std::vector<Card>& cards, std::size_t from = 0
     return result;
 }
 
+// Of two players' hole cards and a flop, first mine, then the flop, then theirs: the share of
+// all turns and rivers on which my best five cards beat theirs.
+double winShare(const std::vector<Card>& known) {
+    const auto best = [](const std::vector<Card>& seven) {
+        std::array<int, 6> result{};
+        for (std::size_t one = 0; one < 7; ++one)  // the two cards left out
+            for (std::size_t other = one + 1; other < 7; ++other) {
+                std::vector<Card> five;
+                for (std::size_t i = 0; i < 7; ++i)
+                    if (i != one && i != other)
+                        five.push_back(seven[i]);
+                result = std::max(result, strength(five));
+            }
+        return result;
+    };
+    std::vector<Card> unseen;
+    for (int id = 0; id < 52; ++id)
+        if (std::ranges::none_of(known, [&](Card c) { return c.rank * 4 + c.suit == 8 + id; }))
+            unseen.push_back({2 + id / 4, id % 4});
+    double wins = 0, boards = 0;
+    for (std::size_t turn = 0; turn < unseen.size(); ++turn)
+        for (std::size_t river = turn + 1; river < unseen.size(); ++river, ++boards) {
+            std::vector<Card> mine(known.begin(), known.begin() + 5);
+            std::vector<Card> theirs(known.begin() + 2, known.begin() + 7);
+            for (auto* cards : {&mine, &theirs})
+                cards->insert(cards->end(), {unseen[turn], unseen[river]});
+            wins += best(mine) > best(theirs) ? 1 : 0;
+        }
+    return wins / boards;
+}
+
 std::string winner(const std::vector<Card>& one, const std::vector<Card>& two, std::size_t from,
                    const char* first, const char* second, const char* tie) {
     const auto a = strength(one), b = strength(two, from);
@@ -374,6 +405,13 @@ TEST(PageFigures, AreWhatCountingTheCardsGives) {
                  14 - static_cast<int>(
                           std::string("  23456789TJQK").find(m[1] == "10" ? 'T' : m[1].str()[0]));
              return std::vector{100 * hitChance(4 * higher, 3, 50)};
+         }},
+        // Example 3: the cards of its first paragraph are my hole cards, the flop and theirs
+        {"txpot.html", R"(Example 3.*?you win ([\d.]+)% of the time)", 1,
+         [&](auto&) {
+             const std::string html = readPage("txpot.html");
+             const auto cards = cardsIn(html.substr(html.find("Example 3")));
+             return std::vector{100 * winShare({cards.begin(), cards.begin() + 7})};
          }},
         {"txpair.html", R"((\d+) of 1,326 \| ([\d.]+)% \| ([\d.]+) hands)", 3,
          [&](auto& m) {
