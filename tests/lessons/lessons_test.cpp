@@ -112,7 +112,7 @@ TEST(LessonFolder, PagesAndStylesheetAreWellFormedOfflineSoundAndInTheTreesOrder
                     const auto holders =
                         all(target, "<([a-z0-9]+)[^>]*\\sid=\"" + url.substr(hash + 1) + "\"");
                     EXPECT_TRUE(holders.size() == 1 && holders[0][1] != "table")
-                        << name << ": no anchor for " << url;
+                        << name << ": " << url << " finds no anchor outside a table";
                 }
             }
         }
