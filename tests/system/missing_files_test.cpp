@@ -17,10 +17,10 @@
 
 namespace {
 
+using system_test::DesktopSession;
 using system_test::kMainTitle;
 using system_test::kPromotionTitle;
 using system_test::ProgramRun;
-using system_test::DesktopSession;
 using test_support::copyFolder;
 
 const QString kMessageTitle = QStringLiteral("Tablewright");

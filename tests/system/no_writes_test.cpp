@@ -17,10 +17,10 @@
 
 namespace {
 
+using system_test::DesktopSession;
 using system_test::kMainTitle;
 using system_test::kPromotionTitle;
 using system_test::ProgramRun;
-using system_test::DesktopSession;
 
 constexpr int kAppearMs = 60'000;  // start-up under strace on a busy machine
 constexpr int kVisitMs = 600'000;

@@ -30,7 +30,8 @@ constexpr int kAnswerMs = 1200;     // a verdict shown and its message blinking
 constexpr int kPromotionMs = 3000;  // the promotion's animation inside its waits
 constexpr int kSampleSteps = 34;
 constexpr int kLookMs = 50;  // how often the reporter looks at the window
-const QString kPromotionTitle = QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
+const QString kPromotionTitle =
+    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
 
 // Leaves the program with this code, saying why.
 void giveUp(int code, const char* why) {
@@ -104,8 +105,8 @@ void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
 }
 
 void playExercise(frmMain& form, Tally& tally) {
-    for (const char* name : {"cmdStart1A", "cmdStart1B", "cmdStart2A", "cmdStart2B",
-                             "cmdStart3A", "cmdStart3B", "cmdStart4"}) {
+    for (const char* name : {"cmdStart1A", "cmdStart1B", "cmdStart2A", "cmdStart2B", "cmdStart3A",
+                             "cmdStart3B", "cmdStart4"}) {
         auto* start = control<platform::CommandButton>(form, QString::fromLatin1(name));
         if (reachable(start))
             playRound(form, start, tally);
@@ -172,10 +173,9 @@ void visit(frmMain& form) {
         if (shown(form, QStringLiteral("picDemo")))
             sampleStep = playSampleToTheEnd(form);
     }
-    std::fprintf(stderr,
-                 "visit: %d entries, %d pages, %d rounds, %d keys, %d answers, sample at step %d\n",
-                 tree->nodeCount(), tally.pages, tally.rounds, tally.keys, tally.answers,
-                 sampleStep);
+    std::fprintf(
+        stderr, "visit: %d entries, %d pages, %d rounds, %d keys, %d answers, sample at step %d\n",
+        tree->nodeCount(), tally.pages, tally.rounds, tally.keys, tally.answers, sampleStep);
 
     // The user closes the window; the promotion takes its place and is closed in turn.
     QTimer::singleShot(kPromotionMs, &form, [] {
@@ -221,9 +221,9 @@ class Reporter : public QObject {
 
     void look() {
         QString pane;
-        for (const auto& [name, said] : {std::pair{"WebBrowser1", "lesson"},
-                                         std::pair{"picQuiz", "exercise"},
-                                         std::pair{"picDemo", "sample"}}) {
+        for (const auto& [name, said] :
+             {std::pair{"WebBrowser1", "lesson"}, std::pair{"picQuiz", "exercise"},
+              std::pair{"picDemo", "sample"}}) {
             if (shown(form_, QString::fromLatin1(name)))
                 pane = QString::fromLatin1(said);
         }
@@ -258,8 +258,8 @@ class Reporter : public QObject {
             if (!tree->viewport()->rect().contains(row.center()))
                 continue;
             const QPoint at = tree->viewport()->mapToGlobal(row.center());
-            std::fprintf(stderr, "visit: entry '%s' at %d,%d\n",
-                         qPrintable(tree->nodeText(index)), at.x(), at.y());
+            std::fprintf(stderr, "visit: entry '%s' at %d,%d\n", qPrintable(tree->nodeText(index)),
+                         at.x(), at.y());
         }
         entriesTold_ = true;
     }

@@ -126,8 +126,8 @@ class ByHandSystemTest : public WaysOutSystemTest {
     bool said(const QString& line) const {
         return run
             ->waitForErrorLine(
-                QRegularExpression(QStringLiteral("^visit: ") +
-                                   QRegularExpression::escape(line) + QStringLiteral("$")),
+                QRegularExpression(QStringLiteral("^visit: ") + QRegularExpression::escape(line) +
+                                   QStringLiteral("$")),
                 kAppearMs)
             .hasMatch();
     }

@@ -318,8 +318,7 @@ bool XServer::click(QPoint at) const {
 DesktopSession::DesktopSession() {
     if (!XServer::running() || !runtime_.isValid())
         return;
-    QFile::setPermissions(runtime_.path(),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(runtime_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The bus hands these on to the services it starts (the accessibility bus wants the
     // display to announce itself on).
