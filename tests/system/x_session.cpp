@@ -121,6 +121,29 @@ void endGroup(QProcess& process) {
         tellReaper(static_cast<pid_t>(-leader));
 }
 
+namespace {
+
+// Starts a server in a process group of its own; the first line it prints (its display, its
+// address), or nothing when it printed none in time.
+QString startServer(QProcess& server, const QString& program, const QStringList& arguments) {
+    startInOwnGroup(server);
+    server.start(program, arguments);
+    if (!server.waitForStarted(10'000))
+        return {};
+    QElapsedTimer clock;
+    clock.start();
+    QByteArray output;
+    while (!output.contains('\n') && clock.elapsed() < 20'000) {
+        server.waitForReadyRead(200);
+        output += server.readAllStandardOutput();
+    }
+    if (!output.contains('\n'))
+        return {};
+    return QString::fromLatin1(output.left(output.indexOf('\n')).trimmed());
+}
+
+}  // namespace
+
 // ---- the X server ----
 
 struct XServer::Connection {
@@ -132,24 +155,15 @@ struct XServer::Connection {
 };
 
 XServer::XServer() {
-    startInOwnGroup(server_);
     // -displayfd picks a free display and writes its number on the given descriptor.
-    server_.start(QStringLiteral(XVFB_PROGRAM),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                   QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp")});
-    if (!server_.waitForStarted(10'000))
+    const QString number =
+        startServer(server_, QStringLiteral(XVFB_PROGRAM),
+                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                     QStringLiteral("0"), QStringLiteral("1280x1024x24"),
+                     QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+    if (number.isEmpty())
         return;
-    QElapsedTimer clock;
-    clock.start();
-    QByteArray number;
-    while (!number.contains('\n') && clock.elapsed() < 20'000) {
-        server_.waitForReadyRead(200);
-        number += server_.readAllStandardOutput();
-    }
-    if (!number.contains('\n'))
-        return;
-    const QString name = QStringLiteral(":") + QString::fromLatin1(number.trimmed());
+    const QString name = QStringLiteral(":") + number;
     // A window may go between listing it and asking about it; that is no failure here.
     XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
     connection_ = std::make_unique<Connection>();
@@ -325,22 +339,11 @@ DesktopSession::DesktopSession() {
     environment.insert(QStringLiteral("DISPLAY"), display());
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
     bus_.setProcessEnvironment(environment);
-    startInOwnGroup(bus_);
-    bus_.start(QStringLiteral(DBUS_DAEMON_PROGRAM),
-               {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1"),
-                QStringLiteral("--address=unix:path=") + runtime_.filePath(QStringLiteral("bus"))});
-    if (!bus_.waitForStarted(10'000))
-        return;
-    QElapsedTimer clock;
-    clock.start();
-    QByteArray address;
-    while (!address.contains('\n') && clock.elapsed() < 20'000) {
-        bus_.waitForReadyRead(200);
-        address += bus_.readAllStandardOutput();
-    }
-    if (address.contains('\n'))
-        busAddress_ = QString::fromLatin1(address.left(address.indexOf('\n')));
+    busAddress_ = startServer(
+        bus_, QStringLiteral(DBUS_DAEMON_PROGRAM),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
+         QStringLiteral("--print-address=1"),
+         QStringLiteral("--address=unix:path=") + runtime_.filePath(QStringLiteral("bus"))});
 }
 
 DesktopSession::~DesktopSession() {
