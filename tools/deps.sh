@@ -9,8 +9,12 @@ packages=(
   fonts-liberation2 fonts-dejavu-core
 )
 if [[ "${1:-}" == "--test" ]]; then
-  packages+=(libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool x11-utils
-             clang-14 libclang-rt-14-dev strace python3 desktop-file-utils appstream dpkg-dev)
+  packages+=(libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth xdotool x11-utils libxtst-dev
+             clang-14 libclang-rt-14-dev clang-format strace python3 desktop-file-utils appstream
+             dpkg-dev dbus-daemon)
+  # A desktop's bus tools: with them, a program with no session bus launches one of its own.
+  # The system tests give the program a bus of their own and must hold on such a machine.
+  packages+=(dbus-x11 at-spi2-core)
 fi
 
 missing=()

@@ -17,10 +17,10 @@
 
 namespace {
 
+using system_test::DesktopSession;
 using system_test::kMainTitle;
 using system_test::kPromotionTitle;
 using system_test::ProgramRun;
-using system_test::XServer;
 using test_support::copyFolder;
 
 const QString kMessageTitle = QStringLiteral("Tablewright");
@@ -42,11 +42,11 @@ struct Case {
 class MissingFilesTest : public ::testing::TestWithParam<Case> {
   protected:
     static void SetUpTestSuite() { system_test::startApplication(); }
-    XServer server;
+    DesktopSession server;
 };
 
 TEST_P(MissingFilesTest, StartsSaysWhatItShouldAndEndsCleanly) {
-    ASSERT_TRUE(server.running()) << "Xvfb did not start";
+    ASSERT_TRUE(server.running()) << "Xvfb or the session bus did not start";
     QTemporaryDir folder;
     ASSERT_TRUE(folder.isValid());
     copyFolder(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM)).absolutePath(), folder.path());

@@ -17,10 +17,10 @@
 
 namespace {
 
+using system_test::DesktopSession;
 using system_test::kMainTitle;
 using system_test::kPromotionTitle;
 using system_test::ProgramRun;
-using system_test::XServer;
 
 constexpr int kAppearMs = 60'000;  // start-up under strace on a busy machine
 constexpr int kVisitMs = 600'000;
@@ -92,13 +92,14 @@ const Allowance* allowanceFor(const std::vector<Allowance>& allowances, const QS
     return nullptr;
 }
 
-// One run of a program under strace, with a home and a runtime folder of its own, both empty.
+// One run of a program under strace, with a home of its own, empty, and the desktop's runtime
+// folder, which holds nothing but the bus's socket.
 class TracedRun {
   public:
-    TracedRun(const XServer& server, const QString& program) {
+    TracedRun(const DesktopSession& desktop, const QString& program)
+        : runtimeFolder_(desktop.runtimeFolder()) {
         QProcessEnvironment environment;
         environment.insert(QStringLiteral("HOME"), home_.path());
-        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
         // Where strace's own tracing stops a sanitizer's leak check from working.
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
         const QStringList arguments{QStringLiteral("-f"),
@@ -113,14 +114,13 @@ class TracedRun {
                                     QStringLiteral("-o"),
                                     traces_.filePath(QStringLiteral("trace")),
                                     program};
-        run = std::make_unique<ProgramRun>(server, QStringLiteral(STRACE_PROGRAM), arguments,
-                                           environment);
+        run = desktop.startProgram(arguments, environment, QStringLiteral(STRACE_PROGRAM));
     }
 
     // Every change outside the allowances; prints how many each allowance let through.
     QStringList changesNotAllowed() const {
         QStringList found;
-        const std::vector<Allowance> allowances = allowancesFor(runtime_.path());
+        const std::vector<Allowance> allowances = allowancesFor(runtimeFolder_);
         std::map<const Allowance*, QStringList> allowed;
         int processes = 0;
         QDirIterator logs(traces_.path(), {QStringLiteral("trace.*")}, QDir::Files);
@@ -166,7 +166,8 @@ class TracedRun {
     std::unique_ptr<ProgramRun> run;
 
   private:
-    QTemporaryDir traces_, home_, runtime_;
+    QTemporaryDir traces_, home_;
+    QString runtimeFolder_;
 };
 
 class NoWritesTest : public ::testing::Test {
@@ -174,7 +175,7 @@ class NoWritesTest : public ::testing::Test {
     static void SetUpTestSuite() { system_test::startApplication(); }
 
     void SetUp() override {
-        ASSERT_TRUE(server.running()) << "Xvfb did not start";
+        ASSERT_TRUE(server.running()) << "Xvfb or the session bus did not start";
         QProcess probe;
         probe.start(
             QStringLiteral(STRACE_PROGRAM),
@@ -192,7 +193,7 @@ class NoWritesTest : public ::testing::Test {
         EXPECT_EQ(traced.leftBehind().join(QLatin1Char('\n')).toStdString(), "");
     }
 
-    XServer server;
+    DesktopSession server;
 };
 
 TEST_F(NoWritesTest, TheProgramStartedAndLeftThroughThePromotionWritesNothing) {

@@ -3,14 +3,23 @@
 // the sample hand to its end and leaves through the promotion window. Each thing done is
 // reported on stderr as a line starting "visit: ", for the test that runs it under strace.
 // Exit code 0 when the whole visit was made; else the first thing that could not be done.
+//
+// With --report it does nothing itself: the user is a test acting through the X server, and
+// the driver only says where things are on the screen and what changed ("visit: entry
+// 'Sample Poker Game' at 80,312", "visit: pane sample", "visit: window shown <title>",
+// "visit: close at loop depth 2"). The program's own ending decides the exit code.
+//
+// The driver knows the window only as a user does: its controls found by name, and the
+// handlers a click or a key runs.
 #include <QApplication>
 #include <QFileInfo>
+#include <QSet>
+#include <QThread>
 #include <QTimer>
 #include <cstdio>
 
 #include "platform/mDefs.h"
 #include "platform/startup.h"
-#include "promotion/frmPacific.h"
 #include "shell/frmMain.h"
 
 namespace {
@@ -20,6 +29,9 @@ constexpr int kPageMs = 400;        // a lesson page loading and painting
 constexpr int kAnswerMs = 1200;     // a verdict shown and its message blinking
 constexpr int kPromotionMs = 3000;  // the promotion's animation inside its waits
 constexpr int kSampleSteps = 34;
+constexpr int kLookMs = 50;  // how often the reporter looks at the window
+const QString kPromotionTitle =
+    QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
 
 // Leaves the program with this code, saying why.
 void giveUp(int code, const char* why) {
@@ -31,12 +43,23 @@ void settle(int milliseconds) {
     platform::WaitServingEvents(milliseconds);
 }
 
+template <typename Control = QWidget>
+Control* control(const frmMain& form, const QString& name) {
+    return form.findChild<Control*>(name);
+}
+
 bool reachable(const QWidget* widget) {
-    return widget->isVisible() && widget->isEnabled();
+    return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+bool shown(const frmMain& form, const QString& name) {
+    const QWidget* widget = control(form, name);
+    return widget != nullptr && !widget->isHidden();
 }
 
 platform::CommandButton* firstOpenKey(const frmMain& form) {
-    for (platform::CommandButton* key : form.cmdKey) {
+    for (int index = 0; index < 52; ++index) {
+        auto* key = control<platform::CommandButton>(form, QStringLiteral("cmdKey(%1)").arg(index));
         if (reachable(key))
             return key;
     }
@@ -64,15 +87,15 @@ void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
         ++tally.keys;
         settle(50);
     }
-    for (std::int16_t index = 0; index < static_cast<std::int16_t>(form.lblName.size()); ++index) {
-        if (!form.lblName[static_cast<std::size_t>(index)]->isVisible())
+    for (std::int16_t index = 0; index < 9; ++index) {
+        if (!reachable(control(form, QStringLiteral("lblName(%1)").arg(index))))
             continue;
         form.lblName_MouseMove(index);
         form.lblName_Click(index);
         ++tally.answers;
         break;
     }
-    if (form.picShow->isVisible()) {
+    if (reachable(control(form, QStringLiteral("picShow")))) {
         form.picShow_Click();
         settle(kPageMs);
         form.picLabels_Click();
@@ -82,22 +105,28 @@ void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
 }
 
 void playExercise(frmMain& form, Tally& tally) {
-    for (platform::CommandButton* start :
-         {form.cmdStart1A, form.cmdStart1B, form.cmdStart2A, form.cmdStart2B, form.cmdStart3A,
-          form.cmdStart3B, form.cmdStart4}) {
+    for (const char* name : {"cmdStart1A", "cmdStart1B", "cmdStart2A", "cmdStart2B", "cmdStart3A",
+                             "cmdStart3B", "cmdStart4"}) {
+        auto* start = control<platform::CommandButton>(form, QString::fromLatin1(name));
         if (reachable(start))
             playRound(form, start, tally);
     }
-    if (reachable(form.cmdClear))
-        form.cmdClear->click();
+    if (auto* clear = control<platform::CommandButton>(form, QStringLiteral("cmdClear"));
+        reachable(clear)) {
+        clear->click();
+    }
 }
 
-void playSampleToTheEnd(frmMain& form) {
-    for (int clicks = 0;
-         clicks < 2 * kSampleSteps && form.sampleStep < kSampleSteps && !platform::programEnding();
-         ++clicks) {
-        form.cmdNext->click();
+// Next until the link at the end shows; the step reached (the entry's click played step 1).
+int playSampleToTheEnd(frmMain& form) {
+    auto* next = control<platform::CommandButton>(form, QStringLiteral("cmdNext"));
+    int step = 1;
+    while (next != nullptr && !shown(form, QStringLiteral("lblEnough")) &&
+           step < 2 * kSampleSteps && !platform::programEnding()) {
+        next->click();
+        ++step;
     }
+    return step;
 }
 
 // The text pane shows first; the engine takes over once its first page is in, where the
@@ -105,12 +134,21 @@ void playSampleToTheEnd(frmMain& form) {
 bool waitForEngine(const frmMain& form) {
     if (!QFileInfo::exists(platform::AppPath(QStringLiteral("\\tablewright_webpane.so"))))
         return false;
-    for (int waited = 0; waited < kEngineMs; waited += 100) {
-        if (form.WebBrowser1->backend() == platform::WebBrowser::Backend::Engine)
+    const auto* browser = control<platform::WebBrowser>(form, QStringLiteral("WebBrowser1"));
+    for (int waited = 0; browser != nullptr && waited < kEngineMs; waited += 100) {
+        if (browser->backend() == platform::WebBrowser::Backend::Engine)
             return true;
         settle(100);
     }
     return false;
+}
+
+QWidget* promotionWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->windowTitle() == kPromotionTitle && window->isVisible())
+            return window;
+    }
+    return nullptr;
 }
 
 bool g_messageShown = false;
@@ -119,33 +157,118 @@ void visit(frmMain& form) {
     if (g_messageShown)
         return giveUp(3, "a message box opened at start-up");
     std::fprintf(stderr, "visit: lesson pane %s\n", waitForEngine(form) ? "engine" : "text");
+    auto* tree = control<platform::TreeView>(form, QStringLiteral("TreeView1"));
+    if (tree == nullptr)
+        return giveUp(5, "no tree");
     Tally tally;
-    for (int node = 1; node <= form.TreeView1->nodeCount() && !platform::programEnding(); ++node) {
-        form.TreeView1->setSelected(node);
+    int sampleStep = 0;
+    for (int node = 1; node <= tree->nodeCount() && !platform::programEnding(); ++node) {
+        tree->setSelected(node);
         form.TreeView1_NodeClick(node);
         settle(kPageMs);
-        if (!form.WebBrowser1->isHidden())
+        if (shown(form, QStringLiteral("WebBrowser1")))
             ++tally.pages;
-        if (!form.picQuiz->isHidden())
+        if (shown(form, QStringLiteral("picQuiz")))
             playExercise(form, tally);
-        if (!form.picDemo->isHidden())
-            playSampleToTheEnd(form);
+        if (shown(form, QStringLiteral("picDemo")))
+            sampleStep = playSampleToTheEnd(form);
     }
-    std::fprintf(stderr,
-                 "visit: %d entries, %d pages, %d rounds, %d keys, %d answers, sample at step %d\n",
-                 form.TreeView1->nodeCount(), tally.pages, tally.rounds, tally.keys, tally.answers,
-                 static_cast<int>(form.sampleStep));
+    std::fprintf(
+        stderr, "visit: %d entries, %d pages, %d rounds, %d keys, %d answers, sample at step %d\n",
+        tree->nodeCount(), tally.pages, tally.rounds, tally.keys, tally.answers, sampleStep);
 
     // The user closes the window; the promotion takes its place and is closed in turn.
-    QTimer::singleShot(kPromotionMs, &form, [&form] {
-        frmPacific* promotion = form.promotionWindow();
-        if (promotion == nullptr || !promotion->isVisible())
+    QTimer::singleShot(kPromotionMs, &form, [] {
+        QWidget* promotion = promotionWindow();
+        if (promotion == nullptr)
             return giveUp(4, "no promotion window");
         std::fprintf(stderr, "visit: promotion window closed\n");
         promotion->close();
     });
     form.close();
 }
+
+// Says where things are and what changed, for a test that acts through the X server.
+class Reporter : public QObject {
+  public:
+    explicit Reporter(frmMain& form) : QObject(&form), form_(form) {
+        qApp->installEventFilter(this);
+        auto* timer = new QTimer(this);
+        connect(timer, &QTimer::timeout, this, &Reporter::look);
+        timer->start(kLookMs);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget == nullptr || !widget->isWindow())
+            return false;
+        if (event->type() == QEvent::Show) {
+            std::fprintf(stderr, "visit: window shown %s\n", qPrintable(widget->windowTitle()));
+        } else if (event->type() == QEvent::Close && widget == &form_) {
+            // Above 1 when the close is served inside a wait of the program's own.
+            std::fprintf(stderr, "visit: close at loop depth %d\n",
+                         QThread::currentThread()->loopLevel());
+        }
+        return false;
+    }
+
+  private:
+    // The centre of a control on the screen.
+    static QPoint centre(const QWidget& widget) {
+        return widget.mapToGlobal(widget.rect().center());
+    }
+
+    void look() {
+        QString pane;
+        for (const auto& [name, said] :
+             {std::pair{"WebBrowser1", "lesson"}, std::pair{"picQuiz", "exercise"},
+              std::pair{"picDemo", "sample"}}) {
+            if (shown(form_, QString::fromLatin1(name)))
+                pane = QString::fromLatin1(said);
+        }
+        if (pane != pane_) {
+            pane_ = pane;
+            std::fprintf(stderr, "visit: pane %s\n", qPrintable(pane));
+        }
+        if (!form_.isVisible())
+            return;
+        if (!entriesTold_)
+            tellEntries();
+        for (const QString& name : {QStringLiteral("cmdNext"), QStringLiteral("lblEnough")}) {
+            const QWidget* widget = control(form_, name);
+            const bool there = widget != nullptr && widget->isVisible();
+            if (there && !told_.contains(name)) {
+                const QPoint at = centre(*widget);
+                std::fprintf(stderr, "visit: %s at %d,%d\n", qPrintable(name), at.x(), at.y());
+            }
+            if (there)
+                told_.insert(name);
+            else
+                told_.remove(name);
+        }
+    }
+
+    void tellEntries() {
+        auto* tree = control<platform::TreeView>(form_, QStringLiteral("TreeView1"));
+        if (tree == nullptr || tree->nodeCount() == 0)
+            return;
+        for (int index = 1; index <= tree->nodeCount(); ++index) {
+            const QRect row = tree->visualItemRect(tree->node(index));
+            if (!tree->viewport()->rect().contains(row.center()))
+                continue;
+            const QPoint at = tree->viewport()->mapToGlobal(row.center());
+            std::fprintf(stderr, "visit: entry '%s' at %d,%d\n", qPrintable(tree->nodeText(index)),
+                         at.x(), at.y());
+        }
+        entriesTold_ = true;
+    }
+
+    frmMain& form_;
+    bool entriesTold_ = false;
+    QString pane_;
+    QSet<QString> told_;
+};
 
 }  // namespace
 
@@ -154,19 +277,28 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     platform::configureApplication(app);
     platform::setApplicationFolder(QStringLiteral(TABLEWRIGHT_APP_DIR));
-    // A message box would wait for a user who is not there: one is a failure of the visit.
-    platform::seams().messageBox = [](const QString& text) {
-        std::fprintf(stderr, "visit: message box: %s\n", qPrintable(text));
-        g_messageShown = true;
-        platform::EndProgram(3);
-    };
+    const bool byHand = QApplication::arguments().contains(QStringLiteral("--report"));
+    if (!byHand) {
+        // A message box would wait for a user who is not there: one is a failure of the
+        // visit.
+        platform::seams().messageBox = [](const QString& text) {
+            std::fprintf(stderr, "visit: message box: %s\n", qPrintable(text));
+            g_messageShown = true;
+            platform::EndProgram(3);
+        };
+    }
     int exitCode = 0;
     {
         frmMain form;
         form.Form_Load();
         form.show();
-        QTimer::singleShot(0, &form, [&form] { visit(form); });
+        if (byHand) {
+            new Reporter(form);
+        } else {
+            QTimer::singleShot(0, &form, [&form] { visit(form); });
+        }
         exitCode = QApplication::exec();
     }
+    std::fflush(stderr);
     return exitCode;
 }

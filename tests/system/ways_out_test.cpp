@@ -1,9 +1,8 @@
-// The built program run for real in an X server of its own, and left the ways a user leaves
-// it: each way ends the process promptly and cleanly.
+// The built program run for real on a desktop of its own, and left the ways a user leaves
+// it: each way ends the process cleanly, with code 0 and no window left. How long each took
+// is printed, not judged: the limits below only keep a hang from stalling the suite.
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
 #include <cstdio>
@@ -12,35 +11,31 @@
 
 namespace {
 
+using system_test::DesktopSession;
 using system_test::kMainTitle;
 using system_test::kPromotionTitle;
 using system_test::ProgramRun;
-using system_test::XServer;
 
-constexpr int kAppearMs = 30'000;  // start-up on a busy machine
-constexpr int kEndMs = 10'000;
-// How soon after the last action the program's windows must be gone and the process ended.
-// A sanitizer build checks the whole heap for leaks on its way out, which takes its time.
-constexpr qint64 kPromptMs = 500;
-#ifdef TABLEWRIGHT_SANITIZED
-constexpr qint64 kExitMs = 2000;
-#else
-constexpr qint64 kExitMs = kPromptMs;
-#endif
+constexpr int kAppearMs = 60'000;  // start-up on a busy machine
+constexpr int kEndMs = 60'000;
 // Long enough for the animation to be inside one of its waits.
 constexpr unsigned long kWatchMs = 1500;
 // The centre of the promotion window's Home Page button, in pixels from its corner.
 constexpr QPoint kHomePageButton{(2325 + 2070 / 2) / 15, (6465 + 750 / 2) / 15};
+// The sample hand's steps after the first, which its tree entry plays.
+constexpr int kSampleNexts = 33;
 
 class WaysOutSystemTest : public ::testing::Test {
   protected:
     static void SetUpTestSuite() { system_test::startApplication(); }
 
-    void SetUp() override {
-        ASSERT_TRUE(server.running()) << "Xvfb did not start";
-        run = std::make_unique<ProgramRun>(server);
+    void SetUp() override { start(); }
+
+    void start(const QString& program = {}, const QStringList& arguments = {}) {
+        ASSERT_TRUE(desktop.running()) << "Xvfb or the session bus did not start";
+        run = desktop.startProgram(arguments, {}, program);
         ASSERT_TRUE(run->started());
-        mainWindow = server.waitForWindow(kMainTitle, kAppearMs);
+        mainWindow = desktop.waitForWindow(kMainTitle, kAppearMs);
         ASSERT_NE(mainWindow, 0u) << "the main window did not come up";
         // Where the lesson pane has its browser engine beside the program, the engine is
         // loaded after the first paint; the ways out must end the program with it running.
@@ -53,31 +48,38 @@ class WaysOutSystemTest : public ::testing::Test {
     // Closes the main window as a window manager's close box does; the promotion window
     // takes its place.
     unsigned long closeMainWindow() {
-        server.requestClose(mainWindow);
-        const unsigned long promotion = server.waitForWindow(kPromotionTitle, kAppearMs);
+        desktop.requestClose(mainWindow);
+        const unsigned long promotion = desktop.waitForWindow(kPromotionTitle, kAppearMs);
         EXPECT_NE(promotion, 0u) << "no promotion window";
-        EXPECT_TRUE(server.windowsTitled(kMainTitle).empty()) << "the main window stayed";
+        EXPECT_TRUE(desktop.windowsTitled(kMainTitle).empty()) << "the main window stayed";
         return promotion;
     }
 
-    // The program's windows go at once after the last action, and the process ends with
-    // code 0, without a crash and with nothing on stderr but the platform's notices.
+    // The program's windows go after the last action, and the process ends with code 0,
+    // without a crash and with nothing on stderr but the platform's notices.
     void expectCleanEnd() {
-        const qint64 goneMs = server.waitUntilGone({kMainTitle, kPromotionTitle}, kEndMs);
+        const qint64 goneMs = desktop.waitUntilGone({kMainTitle, kPromotionTitle}, kEndMs);
         const qint64 exitMs = run->waitForExit(kEndMs);
         ASSERT_GE(goneMs, 0) << "a window stayed";
         ASSERT_GE(exitMs, 0) << "the program did not end";
         std::printf("[ figure   ] windows gone %lld ms, process ended %lld ms later\n",
                     static_cast<long long>(goneMs), static_cast<long long>(exitMs));
-        EXPECT_LE(goneMs, kPromptMs);
-        EXPECT_LE(goneMs + exitMs, kExitMs);
         EXPECT_FALSE(run->crashed());
         EXPECT_EQ(run->exitCode(), 0);
         EXPECT_EQ(run->unexpectedErrorLines().join(QLatin1Char('\n')).toStdString(), "")
             << run->errors().toStdString();
     }
 
-    XServer server;
+    // The browser is started and not waited for: its stand-in may write after the end.
+    QStringList openedAddresses() const {
+        QElapsedTimer clock;
+        clock.start();
+        while (run->openedAddresses().isEmpty() && clock.elapsed() < kEndMs)
+            QThread::msleep(50);
+        return run->openedAddresses();
+    }
+
+    DesktopSession desktop;
     std::unique_ptr<ProgramRun> run;
     unsigned long mainWindow = 0;
 };
@@ -86,9 +88,9 @@ TEST_F(WaysOutSystemTest, ClosingThePromotionWindowInItsWaitEndsTheProgram) {
     const unsigned long promotion = closeMainWindow();
     ASSERT_NE(promotion, 0u);
     QThread::msleep(kWatchMs);
-    EXPECT_EQ(server.windowsTitled(kPromotionTitle).size(), 1u);
+    EXPECT_EQ(desktop.windowsTitled(kPromotionTitle).size(), 1u);
 
-    server.requestClose(promotion);
+    desktop.requestClose(promotion);
     expectCleanEnd();
     EXPECT_TRUE(run->openedAddresses().isEmpty());
 }
@@ -96,11 +98,11 @@ TEST_F(WaysOutSystemTest, ClosingThePromotionWindowInItsWaitEndsTheProgram) {
 TEST_F(WaysOutSystemTest, ASecondCloseOfTheMainWindowOpensNoSecondPromotion) {
     const unsigned long promotion = closeMainWindow();
     ASSERT_NE(promotion, 0u);
-    server.requestClose(mainWindow);
+    desktop.requestClose(mainWindow);
     QThread::msleep(kWatchMs);
-    EXPECT_EQ(server.windowsTitled(kPromotionTitle).size(), 1u);
+    EXPECT_EQ(desktop.windowsTitled(kPromotionTitle).size(), 1u);
 
-    server.requestClose(promotion);
+    desktop.requestClose(promotion);
     expectCleanEnd();
 }
 
@@ -108,15 +110,99 @@ TEST_F(WaysOutSystemTest, TheHomePageButtonOpensTheSchoolPageAndEndsTheProgram) 
     const unsigned long promotion = closeMainWindow();
     ASSERT_NE(promotion, 0u);
     QThread::msleep(kWatchMs);
-    ASSERT_TRUE(server.click(server.geometry(promotion).topLeft() + kHomePageButton));
+    ASSERT_TRUE(desktop.click(desktop.geometry(promotion).topLeft() + kHomePageButton));
     expectCleanEnd();
-
-    // The browser is started and not waited for: its stand-in may write after the end.
-    QElapsedTimer clock;
-    clock.start();
-    while (run->openedAddresses().isEmpty() && clock.elapsed() < kEndMs)
-        QThread::msleep(50);
-    EXPECT_EQ(run->openedAddresses(), QStringList{QStringLiteral(TABLEWRIGHT_SCHOOL_URL)});
+    EXPECT_EQ(openedAddresses(), QStringList{QStringLiteral(TABLEWRIGHT_SCHOOL_URL)});
 }
+
+// The program driven by the pointer alone; the driver beside it only says where the
+// controls are and what changed (visit_driver.cpp, --report).
+class ByHandSystemTest : public WaysOutSystemTest {
+  protected:
+    void SetUp() override {
+        start(QStringLiteral(VISIT_DRIVER_PROGRAM), {QStringLiteral("--report")});
+    }
+
+    bool said(const QString& line) const {
+        return run
+            ->waitForErrorLine(
+                QRegularExpression(QStringLiteral("^visit: ") + QRegularExpression::escape(line) +
+                                   QStringLiteral("$")),
+                kAppearMs)
+            .hasMatch();
+    }
+
+    // Where the driver says the tree entry or the control is, once it is on the screen.
+    QPoint placeOf(const QString& what) const {
+        const auto match = run->waitForErrorLine(
+            QRegularExpression(QStringLiteral("^visit: ") + QRegularExpression::escape(what) +
+                               QStringLiteral(" at (\\d+),(\\d+)$")),
+            kAppearMs);
+        EXPECT_TRUE(match.hasMatch()) << what.toStdString() << " never on the screen";
+        return {match.captured(1).toInt(), match.captured(2).toInt()};
+    }
+
+    QPoint entry(const char* text) const {
+        return placeOf(QStringLiteral("entry '%1'").arg(QLatin1String(text)));
+    }
+
+    // After the end: how often the driver saw a promotion window shown, be it for a moment.
+    qsizetype promotionsShown() const {
+        return run->errors().count(QStringLiteral("visit: window shown ") + kPromotionTitle);
+    }
+};
+
+TEST_F(ByHandSystemTest, AClickOnATreeEntryShowsItsPane) {
+    ASSERT_TRUE(said(QStringLiteral("pane lesson")));
+    ASSERT_TRUE(desktop.click(entry("Poker Hand Names")));
+    EXPECT_TRUE(said(QStringLiteral("pane exercise")));
+}
+
+// The second Next starts the deal's scene (the hand's third step); the close comes while that
+// scene waits, and the promotion then runs inside the scene's wait.
+TEST_F(ByHandSystemTest, ClosingDuringASceneWaitOpensOnePromotionAndEndsWithCodeZero) {
+    ASSERT_TRUE(desktop.click(entry("Sample Poker Game")));
+    const QPoint next = placeOf(QStringLiteral("cmdNext"));
+    ASSERT_TRUE(desktop.click(next));
+    ASSERT_TRUE(desktop.clickAndClose(next, mainWindow));
+    const auto depth = run->waitForErrorLine(
+        QRegularExpression(QStringLiteral(R"(^visit: close at loop depth (\d+)$)")), kAppearMs);
+    ASSERT_TRUE(depth.hasMatch()) << "the close never came";
+    EXPECT_GE(depth.captured(1).toInt(), 2) << "the close came outside the scene's waits";
+    EXPECT_TRUE(said(QStringLiteral("pane sample")));
+    const unsigned long promotion = desktop.waitForWindow(kPromotionTitle, kAppearMs);
+    ASSERT_NE(promotion, 0u) << "no promotion window";
+    QThread::msleep(kWatchMs);
+    EXPECT_EQ(desktop.windowsTitled(kPromotionTitle).size(), 1u);
+    EXPECT_TRUE(desktop.windowsTitled(kMainTitle).empty());
+
+    desktop.requestClose(promotion);
+    expectCleanEnd();
+    EXPECT_EQ(promotionsShown(), 1);
+}
+
+// The link at the end of the sample hand opens the page and ends the program with no
+// promotion, also when the close box is hit in the same breath: that close is served while
+// the link hands the address on, and must find nothing left to promote.
+class LinkSystemTest : public ByHandSystemTest, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(LinkSystemTest, TheLinkOpensThePageAndEndsTheProgramWithNoPromotion) {
+    ASSERT_TRUE(desktop.click(entry("Sample Poker Game")));
+    const QPoint next = placeOf(QStringLiteral("cmdNext"));
+    for (int step = 0; step < kSampleNexts; ++step)
+        ASSERT_TRUE(desktop.click(next));
+    const QPoint link = placeOf(QStringLiteral("lblEnough"));
+    if (GetParam()) {
+        ASSERT_TRUE(desktop.clickAndClose(link, mainWindow));
+    } else {
+        ASSERT_TRUE(desktop.click(link));
+    }
+    expectCleanEnd();
+    EXPECT_EQ(openedAddresses(), QStringList{QStringLiteral(TABLEWRIGHT_SCHOOL_URL)});
+    EXPECT_EQ(promotionsShown(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(ClickAlone, LinkSystemTest, ::testing::Values(false));
+INSTANTIATE_TEST_SUITE_P(ClickAndCloseBox, LinkSystemTest, ::testing::Values(true));
 
 }  // namespace

@@ -9,10 +9,16 @@
 #include <QRegularExpression>
 #include <QThread>
 #include <algorithm>
+#include <array>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
 
 // Last: Xlib's macros (None, Bool, Status...) would clash with Qt's names.
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
 
 namespace system_test {
 
@@ -28,6 +34,118 @@ void startApplication() {
     static QCoreApplication application(argc, argv);
 }
 
+// ---- process groups ----
+
+namespace {
+
+// The write end of the pipe to the reaper; the children have it until they exec, to report
+// themselves, and the test process has it until it ends.
+int g_reaperPipe = -1;
+
+// The reaper: a copy of the test process that reads the process groups to end (a pid; its
+// negative once the test has ended that group itself) and, when the pipe closes because the
+// test process is gone, kills every group still listed. Only system calls here: it is a
+// fork of a process that may have threads.
+[[noreturn]] void reap(int readEnd) {
+    setsid();  // a kill of the test's own group leaves the reaper to do its work
+    const int null = open("/dev/null", O_RDWR);
+    for (int fd : {0, 1, 2})
+        dup2(null, fd);
+    for (int fd = 3; fd < 1024; ++fd) {
+        if (fd != readEnd)
+            close(fd);
+    }
+    std::array<pid_t, 4096> groups{};
+    std::size_t count = 0;
+    pid_t record = 0;
+    while (read(readEnd, &record, sizeof record) == static_cast<ssize_t>(sizeof record)) {
+        if (record > 0 && count < groups.size()) {
+            groups[count++] = record;
+        } else if (record < 0) {
+            for (std::size_t i = 0; i < count; ++i) {
+                if (groups[i] == -record)
+                    groups[i] = groups[--count];
+            }
+        }
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        kill(-groups[i], SIGKILL);
+    _exit(0);
+}
+
+int reaperPipe() {
+    if (g_reaperPipe >= 0)
+        return g_reaperPipe;
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        return -1;
+    const pid_t reaper = fork();
+    if (reaper == 0) {
+        close(ends[1]);
+        reap(ends[0]);
+    }
+    close(ends[0]);
+    if (reaper < 0) {
+        close(ends[1]);
+        return -1;
+    }
+    g_reaperPipe = ends[1];
+    return g_reaperPipe;
+}
+
+void tellReaper(pid_t record) {
+    if (g_reaperPipe >= 0)
+        (void)!write(g_reaperPipe, &record, sizeof record);
+}
+
+}  // namespace
+
+void startInOwnGroup(QProcess& process) {
+    const int pipe = reaperPipe();
+    // In the child, between fork and exec: a new session and group, reported before the
+    // program runs, so no crash of the test can come between the start and the listing.
+    process.setChildProcessModifier([pipe] {
+        setsid();
+        const pid_t self = getpid();
+        if (pipe >= 0)
+            (void)!write(pipe, &self, sizeof self);
+    });
+}
+
+void endGroup(QProcess& process) {
+    const qint64 leader = process.processId();
+    if (leader > 0)
+        kill(static_cast<pid_t>(-leader), SIGKILL);
+    process.waitForFinished(5000);
+    if (leader > 0)
+        tellReaper(static_cast<pid_t>(-leader));
+}
+
+namespace {
+
+// Starts a server in a process group of its own; the first line it prints (its display, its
+// address), or nothing when it printed none in time.
+QString startServer(QProcess& server, const QString& program, const QStringList& arguments) {
+    startInOwnGroup(server);
+    server.start(program, arguments);
+    if (!server.waitForStarted(10'000))
+        return {};
+    QElapsedTimer clock;
+    clock.start();
+    QByteArray output;
+    while (!output.contains('\n') && clock.elapsed() < 20'000) {
+        server.waitForReadyRead(200);
+        output += server.readAllStandardOutput();
+    }
+    if (!output.contains('\n'))
+        return {};
+    return QString::fromLatin1(output.left(output.indexOf('\n')).trimmed());
+}
+
+}  // namespace
+
+// ---- the X server ----
+
 struct XServer::Connection {
     Display* display = nullptr;
     ~Connection() {
@@ -38,22 +156,14 @@ struct XServer::Connection {
 
 XServer::XServer() {
     // -displayfd picks a free display and writes its number on the given descriptor.
-    server_.start(QStringLiteral(XVFB_PROGRAM),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                   QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp")});
-    if (!server_.waitForStarted(10'000))
+    const QString number =
+        startServer(server_, QStringLiteral(XVFB_PROGRAM),
+                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                     QStringLiteral("0"), QStringLiteral("1280x1024x24"),
+                     QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+    if (number.isEmpty())
         return;
-    QElapsedTimer clock;
-    clock.start();
-    QByteArray number;
-    while (!number.contains('\n') && clock.elapsed() < 20'000) {
-        server_.waitForReadyRead(200);
-        number += server_.readAllStandardOutput();
-    }
-    if (!number.contains('\n'))
-        return;
-    const QString name = QStringLiteral(":") + QString::fromLatin1(number.trimmed());
+    const QString name = QStringLiteral(":") + number;
     // A window may go between listing it and asking about it; that is no failure here.
     XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
     connection_ = std::make_unique<Connection>();
@@ -64,10 +174,20 @@ XServer::XServer() {
 
 XServer::~XServer() {
     connection_.reset();
+    // A terminated server removes its lock file and socket; a killed one would leave them.
     server_.terminate();
-    if (!server_.waitForFinished(5000))
-        server_.kill();
     server_.waitForFinished(5000);
+    endGroup(server_);
+}
+
+QProcessEnvironment XServer::programEnvironment() const {
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("DISPLAY"), display_);
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    // Without an address, the bus library would launch a daemon of its own for the display,
+    // one that leaves its process group and outlives the test.
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("disabled:"));
+    return environment;
 }
 
 namespace {
@@ -165,6 +285,23 @@ void XServer::requestClose(unsigned long window) const {
     XFlush(display);
 }
 
+bool XServer::clickAndClose(QPoint at, unsigned long window) const {
+    if (!running())
+        return false;
+    Display* display = connection_->display;
+    int event = 0, error = 0, major = 0, minor = 0;
+    if (XTestQueryExtension(display, &event, &error, &major, &minor) == 0)
+        return false;
+    XTestFakeMotionEvent(display, DefaultScreen(display), at.x(), at.y(), CurrentTime);
+    XTestFakeButtonEvent(display, 1, True, CurrentTime);
+    XTestFakeButtonEvent(display, 1, False, CurrentTime);
+    // The server queues input of its own and sends a client's message at once: the round
+    // trip lets the click go out first, the close right behind it.
+    XSync(display, False);
+    requestClose(window);
+    return true;
+}
+
 QRect XServer::geometry(unsigned long window) const {
     Display* display = connection_->display;
     XWindowAttributes attributes{};
@@ -178,13 +315,60 @@ QRect XServer::geometry(unsigned long window) const {
 
 bool XServer::click(QPoint at) const {
     QProcess xdotool;
+    startInOwnGroup(xdotool);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("DISPLAY"), display_);
     xdotool.setProcessEnvironment(environment);
     xdotool.start(QStringLiteral(XDOTOOL_PROGRAM),
                   {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
                    QStringLiteral("click"), QStringLiteral("1")});
-    return xdotool.waitForFinished(10'000) && xdotool.exitCode() == 0;
+    const bool clicked = xdotool.waitForFinished(10'000) && xdotool.exitCode() == 0;
+    endGroup(xdotool);
+    return clicked;
+}
+
+// ---- DesktopSession ----
+
+DesktopSession::DesktopSession() {
+    if (!XServer::running() || !runtime_.isValid())
+        return;
+    QFile::setPermissions(runtime_.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // The bus hands these on to the services it starts (the accessibility bus wants the
+    // display to announce itself on).
+    environment.insert(QStringLiteral("DISPLAY"), display());
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
+    bus_.setProcessEnvironment(environment);
+    busAddress_ = startServer(
+        bus_, QStringLiteral(DBUS_DAEMON_PROGRAM),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
+         QStringLiteral("--print-address=1"),
+         QStringLiteral("--address=unix:path=") + runtime_.filePath(QStringLiteral("bus"))});
+}
+
+DesktopSession::~DesktopSession() {
+    bus_.terminate();
+    bus_.waitForFinished(5000);
+    endGroup(bus_);
+}
+
+bool DesktopSession::running() const {
+    return XServer::running() && !busAddress_.isEmpty();
+}
+
+QProcessEnvironment DesktopSession::programEnvironment() const {
+    QProcessEnvironment environment = XServer::programEnvironment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress_);
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
+    return environment;
+}
+
+std::unique_ptr<ProgramRun> DesktopSession::startProgram(
+    const QStringList& arguments, const QProcessEnvironment& extraEnvironment,
+    const QString& program) const {
+    return std::make_unique<ProgramRun>(
+        *this, program.isEmpty() ? QStringLiteral(TABLEWRIGHT_PROGRAM) : program, arguments,
+        extraEnvironment);
 }
 
 // ---- ProgramRun ----
@@ -209,8 +393,9 @@ ProgramRun::ProgramRun(const XServer& server, const QString& program, const QStr
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), server.display());
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    const QProcessEnvironment session = server.programEnvironment();
+    for (const QString& name : session.keys())
+        environment.insert(name, session.value(name));
     environment.insert(QStringLiteral("PATH"), folder_.path() + QStringLiteral(":") +
                                                    environment.value(QStringLiteral("PATH")));
     // In a sanitizer build the leak checker's list of suppressions used would land on
@@ -226,15 +411,14 @@ ProgramRun::ProgramRun(const XServer& server, const QString& program, const QStr
     // A file rather than a pipe, so a talkative program never blocks on it.
     process_.setStandardErrorFile(folder_.filePath(QString::fromLatin1(kErrorFile)));
     process_.setStandardOutputFile(QProcess::nullDevice());
+    startInOwnGroup(process_);
     process_.start(program, arguments);
     process_.waitForStarted(10'000);
 }
 
 ProgramRun::~ProgramRun() {
-    if (process_.state() != QProcess::NotRunning) {
-        process_.kill();
-        process_.waitForFinished(5000);
-    }
+    // The program, and whatever it started that is still there.
+    endGroup(process_);
 }
 
 namespace {
@@ -271,10 +455,31 @@ qint64 ProgramRun::waitForExit(int timeoutMs) {
     clock.start();
     const bool ended = process_.waitForFinished(timeoutMs);
     const qint64 elapsed = clock.elapsed();
-    QFile errors(folder_.filePath(QString::fromLatin1(kErrorFile)));
-    if (errors.open(QIODevice::ReadOnly))
-        stderr_ = QString::fromLocal8Bit(errors.readAll());
+    stderr_ = errorsSoFar();
     return ended ? elapsed : -1;
+}
+
+QString ProgramRun::errorsSoFar() const {
+    QFile errors(folder_.filePath(QString::fromLatin1(kErrorFile)));
+    if (!errors.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromLocal8Bit(errors.readAll());
+}
+
+QRegularExpressionMatch ProgramRun::waitForErrorLine(const QRegularExpression& line,
+                                                     int timeoutMs) const {
+    QRegularExpression anyLine(line.pattern(),
+                               line.patternOptions() | QRegularExpression::MultilineOption);
+    QElapsedTimer clock;
+    clock.start();
+    QRegularExpressionMatch match;
+    do {
+        match = anyLine.match(errorsSoFar());
+        if (match.hasMatch())
+            break;
+        QThread::msleep(50);
+    } while (clock.elapsed() < timeoutMs);
+    return match;
 }
 
 QStringList ProgramRun::unexpectedErrorLines() const {
@@ -284,7 +489,9 @@ QStringList ProgramRun::unexpectedErrorLines() const {
         R"(^(QStandardPaths: |qt\.[a-z.]+: |Qt: |Qt WebEngine |\[\d+:\d+:\d+/\d+\.\d+:|Fontconfig |js: |)"
         R"(Sandboxing disabled by user\.$|GL Type: |Surface (Type|Profile|Version): |)"
         R"(QSG RHI Backend: |Using [A-Za-z ]+: |Init Parameters:$|  \*  |)"
-        R"(No suitable graphics backend found$))"));
+        R"(No suitable graphics backend found$|)"
+        // and the scripted user's reports
+        R"(visit: ))"));
     QStringList unexpected;
     for (const QString& line : stderr_.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
         if (!notice.match(line).hasMatch())

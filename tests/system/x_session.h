@@ -1,11 +1,25 @@
 // The built program in a private X server, acted on from outside as a user or the window
 // system would: windows found by their title, asked to close as a window manager's close box
-// asks (WM_DELETE_WINDOW), and clicked with the pointer (xdotool).
+// asks (WM_DELETE_WINDOW), and clicked with the pointer (xdotool, or the XTEST extension).
+//
+// Use a DesktopSession to run the program as a desktop runs it:
+//
+//     system_test::DesktopSession desktop;            // Xvfb + session bus + runtime folder
+//     ASSERT_TRUE(desktop.running());
+//     auto run = desktop.startProgram();              // the built program, or any other file
+//     desktop.waitForWindow(system_test::kMainTitle, 30'000);
+//
+// Every process the harness starts (the X server, the bus, the program, tracers) runs in a
+// process group of its own, and everything in that group goes when its owner object goes:
+// a bus-started helper (the accessibility bus) with the bus, a browser-engine process with
+// the program. When the test process itself dies (a crash, a timeout's kill), a small reaper
+// forked at the first start kills every group still listed.
 #pragma once
 
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QRect>
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -26,16 +40,24 @@ bool engineModuleBuilt();
 // The test process's own application object, made once (Qt's processes and files need one).
 void startApplication();
 
+// Makes the process, when started, the leader of a new process group that the reaper knows.
+void startInOwnGroup(QProcess& process);
+// Kills everything left in the group of a process started so, and waits for the process.
+void endGroup(QProcess& process);
+
 // An Xvfb of its own on the first free display, for the life of the object.
 class XServer {
   public:
     XServer();
-    ~XServer();
+    virtual ~XServer();
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;
 
-    bool running() const { return !display_.isEmpty(); }
+    virtual bool running() const { return !display_.isEmpty(); }
     QString display() const { return display_; }
+    // What a program run here gets in its environment: the display, Qt's X platform, and no
+    // session bus (so none is started behind the test's back either).
+    virtual QProcessEnvironment programEnvironment() const;
 
     // The mapped top-level windows with exactly this title, as X window ids.
     std::vector<unsigned long> windowsTitled(const QString& title) const;
@@ -48,14 +70,42 @@ class XServer {
     void requestClose(unsigned long window) const;
     // The window's place on the screen in pixels.
     QRect geometry(unsigned long window) const;
-    // Moves the pointer there and clicks the left button.
+    // Moves the pointer there and clicks the left button (xdotool).
     bool click(QPoint at) const;
+    // Clicks there and asks the window to close in the same breath, as a user who clicks and
+    // hits the close box at once: the program finds both in its queue, the click first.
+    bool clickAndClose(QPoint at, unsigned long window) const;
 
   private:
     QProcess server_;
     QString display_;
     struct Connection;
     std::unique_ptr<Connection> connection_;
+};
+
+class ProgramRun;
+
+// A desktop of its own: the X server, a session bus (dbus-daemon) and a runtime folder
+// (XDG_RUNTIME_DIR, mode 0700, holding the bus's socket), for the life of the object.
+class DesktopSession : public XServer {
+  public:
+    DesktopSession();
+    ~DesktopSession() override;
+
+    bool running() const override;
+    QProcessEnvironment programEnvironment() const override;
+    QString runtimeFolder() const { return runtime_.path(); }
+    QString busAddress() const { return busAddress_; }
+
+    // Starts the built program (or `program`) here; started() tells whether it did.
+    std::unique_ptr<ProgramRun> startProgram(const QStringList& arguments = {},
+                                             const QProcessEnvironment& extraEnvironment = {},
+                                             const QString& program = {}) const;
+
+  private:
+    QTemporaryDir runtime_;
+    QProcess bus_;
+    QString busAddress_;
 };
 
 // One run of the program in that server. A stand-in for the desktop's URL opener is put
@@ -81,10 +131,15 @@ class ProgramRun {
     // browser engine.
     QString errors() const { return stderr_; }
     QStringList unexpectedErrorLines() const;
+    // Polls what the program has written on stderr so far until a line matches; the match,
+    // with no match when none came in time.
+    QRegularExpressionMatch waitForErrorLine(const QRegularExpression& line, int timeoutMs) const;
     // The addresses handed to the desktop's URL opener so far.
     QStringList openedAddresses() const;
 
   private:
+    QString errorsSoFar() const;
+
     QTemporaryDir folder_;
     QProcess process_;
     QString stderr_;
