@@ -48,17 +48,18 @@ constexpr std::array<std::array<double, 2>, 5> kBoardPlaces{
 constexpr double kBoardWidth = 405, kBoardHeight = 540;
 constexpr int kJackOfHearts = 42, kJackOfDiamonds = 41;
 
-// The facts panel of the room's window: a grey caption and a bold value on each row.
+// The facts panel of the room's window: a grey caption and a bold value on each row. The
+// first value is the room's name, set when the program is built.
 struct FactRow {
     const char* captionName;
     const char* caption;
     Place captionPlace;
     const char* valueName;
-    const char* value;
+    const char* value;  // nullptr: the room's name
     Place valuePlace;
 };
 constexpr std::array<FactRow, 5> kFacts{{
-    {"Label26", " Name", {0, 135, 855, 195}, "Label25", "888 Poker", {930, 150, 885, 195}},
+    {"Label26", " Name", {0, 135, 855, 195}, "Label25", nullptr, {930, 150, 885, 195}},
     {"Label23", " Established", {0, 390, 1215, 225}, "Label24", "2001", {1260, 390, 435, 195}},
     {"Label22", " Members", {0, 675, 1110, 225}, "Label19", "3,000,000 +", {1170, 675, 1035, 195}},
     {"Label20",
@@ -122,7 +123,7 @@ PictureBox* makeCardPicture(QWidget* parent, const QString& name, const QImage& 
 const promotion::Look& roomLook() {
     static const promotion::Look look{
         .caption = QStringLiteral("Play Poker Online Today... Real People Real Money Real Fun"),
-        .label2Text = QStringLiteral("888 Poker"),
+        .label2Text = mDefs::RoomName(),
         .label2 = {2835, 30, 885, 195},
         .label28Left = 2685,
         .pokerRoomCaption = QStringLiteral("Free Download.."),
@@ -135,9 +136,7 @@ const promotion::Look& roomLook() {
                        QStringLiteral(" You get a FREE $1000 play money account for practice "
                                       "without any risk. Download and enjoy poker fun and "
                                       "excitement today."),
-        .label1Text = QStringLiteral(
-            "888 Poker is a registered trade mark of 888 Holdings Plc. All references to "
-            "PacificPoker and graphics thereof is for informational purposes only. "),
+        .label1Text = mDefs::RoomTrademark(),
         .hasFactsPanel = true,
         .linkFollowsOffer = true,
     };
@@ -245,7 +244,8 @@ void frmPacific::createFactsPanel() {
         caption->setForeColor(kWhite);
         caption->setBackColor(kDarkGrey);
         auto* value = makeLabel(Picture5, QString::fromLatin1(row.valueName),
-                                QString::fromLatin1(row.value), row.valuePlace, true, Lines::One);
+                                row.value ? QString::fromLatin1(row.value) : mDefs::RoomName(),
+                                row.valuePlace, true, Lines::One);
         growToFit(*value);
     }
     Picture1.at(6) =
