@@ -134,9 +134,11 @@ QFont designFont(const QString& family, double pointSize, bool bold, bool underl
         pointSize = kPlatformSansPoints;
     QFont font;
     if (family == QLatin1String("Courier New")) {
-        // Metric-compatible with the design font, so the heading keeps its width.
+        // Metric-compatible with the design font, so the heading keeps its width; with full
+        // hinting its advances are whole pixels, as the design's were.
         font = QFont(QStringLiteral("Liberation Mono"));
         font.setStyleHint(QFont::Monospace);
+        font.setHintingPreference(QFont::PreferFullHinting);
     } else {
         // Liberation Sans has the widths of the design's sans-serif fonts; where it is
         // missing the platform's own sans-serif serves.
@@ -226,19 +228,18 @@ void Label::setAnnouncesChanges(bool announces) {
     }();
     (void)factoryInstalled;
     announces_ = announces;
-    // An interface made before this point would keep the old role: let it be made anew.
-    if (QAccessible::isActive()) {
-        if (QAccessibleInterface* made = QAccessible::queryAccessibleInterface(this))
-            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(made));
-    }
+    // An interface made before this point (a caption written earlier makes one) would keep
+    // the old role: let it be made anew.
+    if (QAccessibleInterface* made = QAccessible::queryAccessibleInterface(this))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(made));
 }
 
 void Label::fitToCaption() {
-    const QFontMetrics metrics(font());
+    const QFontMetricsF metrics(font());
     const double oldCentre = Left() + Width() / 2;
     // One pixel of slack each way, as the design toolkit sized its labels.
-    const double width = (metrics.horizontalAdvance(text()) + 2) * kTwipsPerPixel;
-    const double height = (metrics.height()) * kTwipsPerPixel;
+    const double width = (std::ceil(metrics.horizontalAdvance(text())) + 2) * kTwipsPerPixel;
+    const double height = std::ceil(metrics.height()) * kTwipsPerPixel;
     const bool centred = alignment() & Qt::AlignHCenter;
     setGeometryTwips(centred ? oldCentre - width / 2 : Left(), Top(), width, height);
 }

@@ -243,9 +243,13 @@ void frmPacific::createFactsPanel() {
                       QString::fromLatin1(row.caption), row.captionPlace, false, Lines::One);
         caption->setForeColor(kWhite);
         caption->setBackColor(kDarkGrey);
+        growToFit(*caption);
+        // A caption that grew pushes its value to the right rather than under it.
+        Place valuePlace = row.valuePlace;
+        valuePlace.left = std::max(valuePlace.left, caption->Left() + caption->Width());
         auto* value = makeLabel(Picture5, QString::fromLatin1(row.valueName),
                                 row.value ? QString::fromLatin1(row.value) : mDefs::RoomName(),
-                                row.valuePlace, true, Lines::One);
+                                valuePlace, true, Lines::One);
         growToFit(*value);
     }
     Picture1.at(6) =
