@@ -215,10 +215,7 @@ void Label::setCaption(const QString& caption) {
     setText(caption);
     if (autoSize_)
         fitToCaption();
-    if (announces_) {
-        QAccessibleEvent event(this, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
+    // QLabel itself reports the new name to assistive technology.
 }
 
 void Label::setAnnouncesChanges(bool announces) {
