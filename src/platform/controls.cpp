@@ -219,11 +219,10 @@ void Label::setCaption(const QString& caption) {
 }
 
 void Label::setAnnouncesChanges(bool announces) {
-    static const bool factoryInstalled = [] {
+    [[maybe_unused]] static const bool factoryInstalled = [] {
         QAccessible::installFactory(statusLineFactory);
         return true;
     }();
-    (void)factoryInstalled;
     announces_ = announces;
     // An interface made before this point (a caption written earlier makes one) would keep
     // the old role: let it be made anew.

@@ -171,28 +171,6 @@ TEST_F(ControlsTest, TheTreeHasLinesAVisibleSelectionFoldsOnDoubleClickAndShowsE
     EXPECT_TRUE(tree.node(parent)->isExpanded());
 }
 
-// The program's own windows hand the activation on; coming back from another application
-// (no window of the program had the focus) leaves things as they are.
-TEST_F(ControlsTest, ActivationCountsFromTheProgramsOwnWindowsOnly) {
-    QWidget other;
-    int activations = 0;
-    platform::onActivationFromOwnWindow(&host, [&] { ++activations; });
-    const auto activate = [](QWidget& window) {
-        window.show();
-        window.activateWindow();
-        return QTest::qWaitForWindowActive(&window);
-    };
-    ASSERT_TRUE(activate(host));
-    EXPECT_EQ(activations, 1) << "the first activation counts";
-    ASSERT_TRUE(activate(other));
-    ASSERT_TRUE(activate(host));
-    EXPECT_EQ(activations, 2);
-    ASSERT_TRUE(activate(other));
-    emit qApp->focusWindowChanged(nullptr);  // the user went to another application
-    ASSERT_TRUE(activate(host));
-    EXPECT_EQ(activations, 2);
-}
-
 TEST_F(ControlsTest, WaitsServeEventsAndEndOnTheirDeadlineTheirStopOrTheProgramsEnd) {
     bool served = false;
     QTimer::singleShot(0, [&] { served = true; });
