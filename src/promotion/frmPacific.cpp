@@ -179,6 +179,7 @@ void frmPacific::createTable() {
     Picture6 = new PictureBox(this, QStringLiteral("Picture6"), PictureBox::Border::Sunken);
     Picture6->setPicture(platform::artwork::promotionTable(ratio));
     Picture6->setGeometryTwips(315, 240, 6015, 4350);
+    Picture6->setAccessibleName(QStringLiteral("Poker table"));
     Picture6->setAccessibleDescription(QStringLiteral("A poker table seen from above"));
 
     const QImage backs = platform::artwork::smallBacks(ratio);
@@ -186,10 +187,12 @@ void frmPacific::createTable() {
         const auto [left, top] = kSeatPlaces.at(seat);
         Picture2.at(seat) = makeCardPicture(this, QStringLiteral("Picture2(%1)").arg(seat), backs,
                                             {left, top, kSeatWidth, kSeatHeight});
+        Picture2.at(seat)->setAccessibleName(QStringLiteral("Two cards face down"));
     }
     Picture3 = makeCardPicture(this, QStringLiteral("Picture3"),
                                platform::artwork::frontPair(kJackOfHearts, kJackOfDiamonds, ratio),
                                {2250, 2520, 600, 630});
+    Picture3->setAccessibleName(QStringLiteral("Jack of Hearts, Jack of Diamonds"));
     Picture3->hide();
 
     for (std::size_t card = 0; card < kBoardCards.size(); ++card) {
@@ -198,7 +201,7 @@ void frmPacific::createTable() {
         auto* box = makeCardPicture(holder, QStringLiteral("Picture1(%1)").arg(card),
                                     platform::artwork::smallCard(kBoardCards.at(card), ratio),
                                     {left, top, kBoardWidth, kBoardHeight});
-        box->setAccessibleDescription(platform::cardName(kBoardCards.at(card)));
+        box->setAccessibleName(platform::cardName(kBoardCards.at(card)));
         Picture1.at(card) = box;
     }
     Picture1.at(4)->hide();
