@@ -14,6 +14,7 @@
 #include <QWidget>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 
 namespace platform {
@@ -52,9 +53,18 @@ class TwipsGeometry {
 };
 
 // Maps a font of the original design ("MS Sans Serif", "Courier New", "Small Fonts") to
-// what this platform has, at the same point size.
+// what this platform has, at a size whose text takes the room the design gave it.
 QFont designFont(const QString& family, double pointSize, bool bold = false,
                  bool underline = false);
+
+// Runs `activated` each time `window` becomes the active window coming from another window
+// of this program, and the first time it is activated at all; not when the user comes back
+// to it from another application.
+void onActivationFromOwnWindow(QWidget* window, std::function<void()> activated);
+
+// Shows a control's move on the screen at once, without serving any event: repaints what it
+// left and where it went, and gives the eye a moment before the next step.
+void paintMoveNow(QWidget& moved, const QRect& from);
 
 QColor colorFromRgb(std::int32_t rgb);
 
@@ -77,6 +87,9 @@ class Label : public QLabel, public TwipsGeometry {
     // The width (and height) follow the caption whenever it or the font changes, the
     // centre staying where it is for centred text.
     void setAutoSize(bool autoSize) { autoSize_ = autoSize; }
+    // A status line: a screen reader speaks every new caption, wherever the focus is.
+    void setAnnouncesChanges(bool announces);
+    bool announcesChanges() const { return announces_; }
 
   signals:
     void Click();
@@ -86,6 +99,7 @@ class Label : public QLabel, public TwipsGeometry {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -100,6 +114,7 @@ class Label : public QLabel, public TwipsGeometry {
     std::int16_t borderStyle_ = 0;
     bool autoSize_ = false;
     bool pressed_ = false;
+    bool announces_ = false;
 };
 
 class CommandButton : public QPushButton, public TwipsGeometry {
@@ -120,7 +135,9 @@ class Frame : public QGroupBox, public TwipsGeometry {
 
 // A picture box: a child window that shows a picture fixed at its top left corner and keeps
 // a persistent drawing surface. What is drawn survives being covered; Cls() wipes it, and
-// so does setting BackColor.
+// so does setting BackColor. Its picture, its drawing and the controls it holds all count
+// from the inner corner, inside the border. It has no accessible name of its own: whoever
+// makes one that a user meets names it as the user would.
 class PictureBox : public QWidget, public TwipsGeometry {
     Q_OBJECT
   public:
@@ -162,6 +179,8 @@ class PictureBox : public QWidget, public TwipsGeometry {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
     void ensureSurface();
@@ -174,6 +193,8 @@ class PictureBox : public QWidget, public TwipsGeometry {
     QStringList drawn_;
     bool pressed_ = false;
     bool transparent_ = false;
+    // The focus cue shows only while the focus is one that came by the keyboard.
+    bool keyboardFocus_ = false;
 };
 
 // A multi-line text box with a vertical scroll bar, read-only for the user.

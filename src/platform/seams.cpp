@@ -28,17 +28,23 @@ void realMessageBox(const QString& text) {
     box.exec();
 }
 
-// One effect per file, kept for the life of the program: playing again restarts it.
+// One effect per file, kept for the life of the program. A new sound cuts off the one
+// still playing, its own file included, so only the latest answer is heard.
 void realPlaySound(const QString& path) {
+    static std::map<QString, QSoundEffect*> effects;
+    static QSoundEffect* playing = nullptr;
+    if (playing)
+        playing->stop();
+    playing = nullptr;
     if (!QFileInfo::exists(path))
         return;
-    static std::map<QString, QSoundEffect*> effects;
     auto& effect = effects[path];
     if (!effect) {
         effect = new QSoundEffect(QCoreApplication::instance());
         effect->setSource(QUrl::fromLocalFile(path));
     }
     effect->play();
+    playing = effect;
 }
 
 void realOpenAddress(const QString& address) {

@@ -2,12 +2,30 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace platform {
 
 namespace {
 constexpr int kKeyRole = Qt::UserRole + 1;
+constexpr int kExpanderHalf = 4;  // the plus/minus box is 9 pixels across
+
+bool hasNextSibling(const QModelIndex& index) {
+    return index.sibling(index.row() + 1, 0).isValid();
 }
+
+void drawExpander(QPainter& painter, const QPoint& centre, bool expanded, const QPalette& pal) {
+    const QRect box(centre.x() - kExpanderHalf, centre.y() - kExpanderHalf, 2 * kExpanderHalf,
+                    2 * kExpanderHalf);
+    painter.setPen(QPen(pal.color(QPalette::Dark), 1));
+    painter.setBrush(pal.color(QPalette::Base));
+    painter.drawRect(box);
+    painter.setPen(QPen(pal.color(QPalette::Text), 1));
+    painter.drawLine(centre.x() - 2, centre.y(), centre.x() + 2, centre.y());
+    if (!expanded)
+        painter.drawLine(centre.x(), centre.y() - 2, centre.x(), centre.y() + 2);
+}
+}  // namespace
 
 TreeView::TreeView(QWidget* parent, const QString& name)
     : QTreeWidget(parent), TwipsGeometry(this) {
@@ -19,7 +37,17 @@ TreeView::TreeView(QWidget* parent, const QString& name)
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setExpandsOnDoubleClick(false);
+    setExpandsOnDoubleClick(true);
+    // Every entry whole: the column takes the widest entry and the tree scrolls sideways.
+    setTextElideMode(Qt::ElideNone);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // The selection stays marked, in grey, while another control has the focus.
+    QPalette pal = palette();
+    pal.setColor(QPalette::Inactive, QPalette::Highlight, colorFromRgb(0xC0C0C0));
+    pal.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+    setPalette(pal);
     connect(this, &QTreeWidget::itemClicked, this,
             [this](QTreeWidgetItem* item) { emit NodeClick(indexOf(item)); });
     connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
@@ -101,6 +129,31 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     keyboardNavigating_ = true;
     QTreeWidget::keyPressEvent(event);
     keyboardNavigating_ = false;
+}
+
+// Dotted lines join each entry to its parent and its next sibling, top-level entries
+// included; an entry with children has a plus or minus box where its line meets the row.
+void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
+    const int indent = indentation();
+    const int middleY = rect.center().y();
+    const int ownLeft = rect.right() + 1 - indent;
+    const int ownX = ownLeft + indent / 2;
+    painter->save();
+    painter->fillRect(rect, palette().brush(QPalette::Base));
+    painter->setPen(QPen(palette().color(QPalette::Dark), 1, Qt::DotLine));
+    const bool firstOfAll = index.row() == 0 && !index.parent().isValid();
+    painter->drawLine(ownX, firstOfAll ? middleY : rect.top(), ownX,
+                      hasNextSibling(index) ? rect.bottom() : middleY);
+    painter->drawLine(ownX, middleY, ownLeft + indent - 2, middleY);
+    int ancestorX = ownX - indent;
+    for (QModelIndex ancestor = index.parent(); ancestor.isValid(); ancestor = ancestor.parent()) {
+        if (hasNextSibling(ancestor))
+            painter->drawLine(ancestorX, rect.top(), ancestorX, rect.bottom());
+        ancestorX -= indent;
+    }
+    if (model()->hasChildren(index))
+        drawExpander(*painter, QPoint(ownX, middleY), isExpanded(index), palette());
+    painter->restore();
 }
 
 void TreeView::onCurrentItemChanged(QTreeWidgetItem* current) {

@@ -1,6 +1,8 @@
 // The topic tree: entries with a text, an optional key and a place Index from 1.
 // Selecting by program runs no click; a user's click, or a selection with the keyboard,
-// runs NodeClick.
+// runs NodeClick. It draws dotted lines from the top level down, keeps its selection marked
+// when another control has the focus, folds and unfolds an entry on a double click, and
+// shows every entry whole, scrolling sideways when one is wider than the tree.
 #pragma once
 
 #include <QTreeWidget>
@@ -36,6 +38,8 @@ class TreeView : public QTreeWidget, public TwipsGeometry {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void drawBranches(QPainter* painter, const QRect& rect,
+                      const QModelIndex& index) const override;
 
   private:
     void onCurrentItemChanged(QTreeWidgetItem* current);

@@ -48,17 +48,18 @@ constexpr std::array<std::array<double, 2>, 5> kBoardPlaces{
 constexpr double kBoardWidth = 405, kBoardHeight = 540;
 constexpr int kJackOfHearts = 42, kJackOfDiamonds = 41;
 
-// The facts panel of the room's window: a grey caption and a bold value on each row.
+// The facts panel of the room's window: a grey caption and a bold value on each row. The
+// first value is the room's name, set when the program is built.
 struct FactRow {
     const char* captionName;
     const char* caption;
     Place captionPlace;
     const char* valueName;
-    const char* value;
+    const char* value;  // nullptr: the room's name
     Place valuePlace;
 };
 constexpr std::array<FactRow, 5> kFacts{{
-    {"Label26", " Name", {0, 135, 855, 195}, "Label25", "888 Poker", {930, 150, 885, 195}},
+    {"Label26", " Name", {0, 135, 855, 195}, "Label25", nullptr, {930, 150, 885, 195}},
     {"Label23", " Established", {0, 390, 1215, 225}, "Label24", "2001", {1260, 390, 435, 195}},
     {"Label22", " Members", {0, 675, 1110, 225}, "Label19", "3,000,000 +", {1170, 675, 1035, 195}},
     {"Label20",
@@ -122,7 +123,7 @@ PictureBox* makeCardPicture(QWidget* parent, const QString& name, const QImage& 
 const promotion::Look& roomLook() {
     static const promotion::Look look{
         .caption = QStringLiteral("Play Poker Online Today... Real People Real Money Real Fun"),
-        .label2Text = QStringLiteral("888 Poker"),
+        .label2Text = mDefs::RoomName(),
         .label2 = {2835, 30, 885, 195},
         .label28Left = 2685,
         .pokerRoomCaption = QStringLiteral("Free Download.."),
@@ -135,9 +136,7 @@ const promotion::Look& roomLook() {
                        QStringLiteral(" You get a FREE $1000 play money account for practice "
                                       "without any risk. Download and enjoy poker fun and "
                                       "excitement today."),
-        .label1Text = QStringLiteral(
-            "888 Poker is a registered trade mark of 888 Holdings Plc. All references to "
-            "PacificPoker and graphics thereof is for informational purposes only. "),
+        .label1Text = mDefs::RoomTrademark(),
         .hasFactsPanel = true,
         .linkFollowsOffer = true,
     };
@@ -180,6 +179,7 @@ void frmPacific::createTable() {
     Picture6 = new PictureBox(this, QStringLiteral("Picture6"), PictureBox::Border::Sunken);
     Picture6->setPicture(platform::artwork::promotionTable(ratio));
     Picture6->setGeometryTwips(315, 240, 6015, 4350);
+    Picture6->setAccessibleName(QStringLiteral("Poker table"));
     Picture6->setAccessibleDescription(QStringLiteral("A poker table seen from above"));
 
     const QImage backs = platform::artwork::smallBacks(ratio);
@@ -187,10 +187,12 @@ void frmPacific::createTable() {
         const auto [left, top] = kSeatPlaces.at(seat);
         Picture2.at(seat) = makeCardPicture(this, QStringLiteral("Picture2(%1)").arg(seat), backs,
                                             {left, top, kSeatWidth, kSeatHeight});
+        Picture2.at(seat)->setAccessibleName(QStringLiteral("Two cards face down"));
     }
     Picture3 = makeCardPicture(this, QStringLiteral("Picture3"),
                                platform::artwork::frontPair(kJackOfHearts, kJackOfDiamonds, ratio),
                                {2250, 2520, 600, 630});
+    Picture3->setAccessibleName(QStringLiteral("Jack of Hearts, Jack of Diamonds"));
     Picture3->hide();
 
     for (std::size_t card = 0; card < kBoardCards.size(); ++card) {
@@ -199,7 +201,7 @@ void frmPacific::createTable() {
         auto* box = makeCardPicture(holder, QStringLiteral("Picture1(%1)").arg(card),
                                     platform::artwork::smallCard(kBoardCards.at(card), ratio),
                                     {left, top, kBoardWidth, kBoardHeight});
-        box->setAccessibleDescription(platform::cardName(kBoardCards.at(card)));
+        box->setAccessibleName(platform::cardName(kBoardCards.at(card)));
         Picture1.at(card) = box;
     }
     Picture1.at(4)->hide();
@@ -244,8 +246,13 @@ void frmPacific::createFactsPanel() {
                       QString::fromLatin1(row.caption), row.captionPlace, false, Lines::One);
         caption->setForeColor(kWhite);
         caption->setBackColor(kDarkGrey);
+        growToFit(*caption);
+        // A caption that grew pushes its value to the right rather than under it.
+        Place valuePlace = row.valuePlace;
+        valuePlace.left = std::max(valuePlace.left, caption->Left() + caption->Width());
         auto* value = makeLabel(Picture5, QString::fromLatin1(row.valueName),
-                                QString::fromLatin1(row.value), row.valuePlace, true, Lines::One);
+                                row.value ? QString::fromLatin1(row.value) : mDefs::RoomName(),
+                                valuePlace, true, Lines::One);
         growToFit(*value);
     }
     Picture1.at(6) =

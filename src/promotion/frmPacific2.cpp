@@ -1,11 +1,13 @@
 #include "promotion/frmPacific2.h"
 
+#include "promotion/open_url.h"
+
 namespace {
 
 const promotion::Look& schoolLook() {
     static const promotion::Look look{
         .caption = QStringLiteral("Play Poker Online for FREE ... Real People Real Fun"),
-        .label2Text = QStringLiteral("888 Poker Sample Table"),
+        .label2Text = mDefs::RoomName() + QStringLiteral(" Sample Table"),
         .label2 = {2130, 45, 2100, 195},
         .label28Left = 2580,
         .pokerRoomCaption = QStringLiteral("Home Page"),
@@ -17,9 +19,7 @@ const promotion::Look& schoolLook() {
             "Play poker online with real people for FREE. You get unlimited  $1000 play money "
             "account for practice without any risk. Visit our home page for the TOP- 10 Online "
             "Poker Rooms with review and screenshots and more free poker goodies"),
-        .label1Text = QStringLiteral(
-            "PacificPoker is a registered trade mark of Cassava Ltd. All references to "
-            "PacificPoker and graphics thereof is for informational purposes only. "),
+        .label1Text = mDefs::RoomTrademark(),
         .hasFactsPanel = false,
         .linkFollowsOffer = false,
     };

@@ -19,6 +19,12 @@ QString RoomPage() {
 QString SchoolPage() {
     return QStringLiteral(TABLEWRIGHT_SCHOOL_URL);
 }
+QString RoomName() {
+    return QStringLiteral(TABLEWRIGHT_ROOM_NAME);
+}
+QString RoomTrademark() {
+    return QStringLiteral(TABLEWRIGHT_ROOM_TRADEMARK);
+}
 QString LinkTarget() {
     return showRoomOffer ? RoomPage() : SchoolPage();
 }

@@ -19,5 +19,8 @@ QString RoomPage();
 QString SchoolPage();
 // The page the links open: the room's when showRoomOffer is set, else the school's.
 QString LinkTarget();
+// The promoted room's name, and the trade-mark line that goes with it (empty for none).
+QString RoomName();
+QString RoomTrademark();
 
 }  // namespace mDefs

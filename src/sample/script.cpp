@@ -136,10 +136,10 @@ constexpr std::array<ScriptStep, 34> kScript{{
     // 33
     {.comment = "Summary of the action..\r\n", .appended = kSummaryBody},
     // 34
-    {.comment =
-         "Ready to play poker online ? \r\nPacificPoker has free games,\r\nfree $1000 practice "
-         "play chips \r\n and a free lunch buffet (ok ok :-) no free lunch buffet but its a "
-         "great place to play poker. Click the link below and check em out ",
+    {.comment = "Ready to play poker online ? \r\n" TABLEWRIGHT_ROOM_NAME
+                " has free games,\r\nfree $1000 practice "
+                "play chips \r\n and a free lunch buffet (ok ok :-) no free lunch buffet but its a "
+                "great place to play poker. Click the link below and check em out ",
      .offersRealGame = true},
 }};
 

@@ -55,9 +55,13 @@ void frmMain::ShowSampleGame() {
 }
 
 void frmMain::ShowSampleDeal() {
+    // Each step that moves the button a pixel is painted at once, so it is seen to slide;
+    // no event is served until it stands at its new seat.
     for (int move = 0; move < kButtonSlide; ++move) {
+        const QRect before = picDealer->geometry();
         picDealer->setLeft(picDealer->Left() - 1);
         picDealer->setTop(picDealer->Top() + 1);
+        platform::paintMoveNow(*picDealer, before);
     }
     shortDelay(kBlindsPause);
     lblArray[0]->setCaption(QStringLiteral("0.25"));

@@ -31,6 +31,8 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     createControls();
     promotion::setEnoughTip(*lblEnough);
     connectHandlers();
+    // Coming back from another application leaves the focus where the user had it.
+    platform::onActivationFromOwnWindow(this, [this] { Form_Activate(); });
     resize(pixels(kInnerWidth), pixels(kInnerHeight));
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
         const QRect available = screen->availableGeometry();
@@ -95,8 +97,6 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 
 void frmMain::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        Form_Activate();
     if (event->type() == QEvent::WindowStateChange && isVisible())
         Form_Resize();
 }

@@ -183,6 +183,7 @@ class frmMain : public QWidget {
     void createKeyboard();
     void createNameList();
     void createStage();
+    void orderTabStops();
     void connectHandlers();
 
     // Branches of the click handlers, one per exercise.

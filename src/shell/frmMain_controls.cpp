@@ -102,6 +102,7 @@ void frmMain::createControls() {
     picDemo->setPicture(platform::artwork::pokerTable(screenRatio()));
     picDemo->setAccessibleName(QStringLiteral("Sample poker game"));
     createStage();
+    orderTabStops();
 
     Timer1 = new QTimer(this);
     Timer1->setInterval(750);
@@ -123,6 +124,7 @@ void frmMain::createExercisePanel() {
     lblMessage->setBackColor(0x000000);
     lblMessage->setForeColor(0xFFFFFF);
     lblMessage->setCaption(QStringLiteral("Poker Hand Names"));
+    lblMessage->setAnnouncesChanges(true);  // prompts and verdicts are spoken as they come
     lblMessage->setGeometryTwips(180, 1110, 4830, 240);
 
     picShow = new PictureBox(picQuiz, QStringLiteral("picShow"), PictureBox::Border::Sunken);
@@ -154,6 +156,7 @@ void frmMain::createExercisePanel() {
     picSuits = new PictureBox(picQuiz, QStringLiteral("picSuits"), PictureBox::Border::FlatSingle);
     picSuits->setBackColor(kLightGrey);
     picSuits->setGeometryTwips(4485, 4110, 1335, 1755);
+    picSuits->setAccessibleName(QStringLiteral("Suits"));
     std::array<CommandButton**, 4> rowLabels{&zCommand1, &zCommand2, &zCommand3, &zcommandbutton5};
     const std::array<const char*, 4> rowNames{"zCommand1", "zCommand2", "zCommand3",
                                               "zcommandbutton5"};
@@ -274,6 +277,7 @@ void frmMain::createStage() {
     Picture1 = new PictureBox(picDemo, QStringLiteral("Picture1"), PictureBox::Border::FlatSingle);
     Picture1->setBackColor(kGrey);
     Picture1->setGeometryTwips(2970, 5925, 3810, 1785);
+    Picture1->setAccessibleName(QStringLiteral("Commentary"));
     txtComments = new platform::TextBox(Picture1, QStringLiteral("txtComments"));
     txtComments->setFont(designFont(kSansSerif, 9.75));
     QPalette pal = txtComments->palette();
@@ -320,6 +324,21 @@ void frmMain::createStage() {
     cmdNext = new CommandButton(picDemo, QStringLiteral("cmdNext"), QStringLiteral("Next"));
     cmdNext->setFont(designFont(kSansSerif, 8.25));
     cmdNext->setGeometryTwips(4410, 7740, 1050, 315);
-    // From the keyboard: Next first, then the closing link.
-    QWidget::setTabOrder(cmdNext, lblEnough);
+}
+
+void frmMain::orderTabStops() {
+    // The window's order: the surfaces, Clear, the tree, the keys from the last to the first,
+    // the Start buttons, then the stage. The name labels and lblEnough take the focus too,
+    // though labels in the design never do: they are answers and a link that a keyboard user
+    // has no other way to choose.
+    std::vector<QWidget*> order{picShow, picLabels};
+    for (auto name = lblName.rbegin(); name != lblName.rend(); ++name)
+        order.push_back(*name);
+    order.insert(order.end(), {cmdClear, TreeView1});
+    for (auto key = cmdKey.rbegin(); key != cmdKey.rend(); ++key)
+        order.push_back(*key);
+    order.insert(order.end(), {cmdStart1A, cmdStart1B, cmdStart2A, cmdStart2B, cmdStart3A,
+                               cmdStart3B, cmdStart4, txtComments, cmdNext, lblEnough});
+    for (std::size_t i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
 }

@@ -1,12 +1,26 @@
 // The controls keep the design's twips and semantics; waits end on time, on a stop or at the end.
 #include <QElapsedTimer>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 
 #include "platform/controls.h"
 #include "platform/mDefs.h"
+#include "platform/treeview.h"
 #include "support/window_fixture.h"
 
 namespace {
+
+// Press, release, double click, release: what a user's double click delivers.
+void doubleClick(QWidget* widget, QPoint at) {
+    QTest::mouseClick(widget, Qt::LeftButton, {}, at);
+    QMouseEvent second(QEvent::MouseButtonDblClick, at, widget->mapToGlobal(at), Qt::LeftButton,
+                       Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &second);
+    QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+}
 
 class ControlsTest : public ::testing::Test {
   protected:
@@ -60,6 +74,101 @@ TEST_F(ControlsTest, PictureBoxKeepsItsDrawingUntilClsOrANewBackColor) {
     drawRed();
     box.setBackColor(0x008000);
     EXPECT_EQ(qAlpha(box.surfacePixel(12, 12)), 0) << "a new back colour clears too";
+}
+
+// A label in a bordered picture box counts from inside the border, what reaches past the
+// border is cut off, and a click on the label is the label's alone, a double click included.
+TEST_F(ControlsTest, ControlsSitInsideTheBorderAndALabelKeepsItsClicks) {
+    for (const auto border :
+         {platform::PictureBox::Border::FlatSingle, platform::PictureBox::Border::Sunken}) {
+        platform::PictureBox box(&host, QStringLiteral("box"), border);
+        box.setGeometryTwips(0, 0, 3000, 1500);
+        platform::Label label(&box, QStringLiteral("name"));
+        label.setGeometryTwips(0, 0, 3000, 300);
+        const int inset = box.borderPixels();
+        EXPECT_EQ(label.pos(), QPoint(inset, inset));
+        EXPECT_EQ(label.mask().boundingRect(), QRect(0, 0, 200 - 2 * inset, 20));
+
+        QSignalSpy labelClicks(&label, &platform::Label::Click);
+        QSignalSpy boxClicks(&box, &platform::PictureBox::Click);
+        doubleClick(&label, QPoint(5, 5));
+        EXPECT_EQ(labelClicks.count(), 1) << "a double click is one click";
+        EXPECT_EQ(boxClicks.count(), 0);
+    }
+}
+
+// The dotted cue shows on a surface that the keyboard brought the focus to, not on one that
+// a click or the program focused.
+TEST_F(ControlsTest, TheFocusCueShowsOnlyForFocusThatCameByKeyboard) {
+    platform::PictureBox box(&host, QStringLiteral("surface"),
+                             platform::PictureBox::Border::Sunken);
+    box.setBackColor(0x008000);
+    box.setFocusPolicy(Qt::StrongFocus);
+    box.setGeometryTwips(0, 0, 1500, 1500);
+    host.show();
+    host.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+    const QColor cue = box.palette().color(QPalette::Highlight);
+    const auto cueShown = [&] {
+        const QImage picture = box.grab().toImage();
+        const int inset = box.borderPixels();
+        return QColor(picture.pixel(inset, inset + 1)) == cue ||
+               QColor(picture.pixel(inset, inset)) == cue;
+    };
+    for (const auto& [reason, shown] : {std::pair{Qt::MouseFocusReason, false},
+                                        {Qt::OtherFocusReason, false},
+                                        {Qt::TabFocusReason, true},
+                                        {Qt::BacktabFocusReason, true}}) {
+        box.clearFocus();
+        box.setFocus(reason);
+        ASSERT_TRUE(box.hasFocus());
+        EXPECT_EQ(cueShown(), shown) << reason;
+    }
+}
+
+// The tree draws its lines, keeps its selection in view when unfocused, folds on a double
+// click and shows a long entry whole, scrolling sideways.
+TEST_F(ControlsTest, TheTreeHasLinesAVisibleSelectionFoldsOnDoubleClickAndShowsEntriesWhole) {
+    platform::TreeView tree(&host, QStringLiteral("tree"));
+    tree.setGeometryTwips(0, 0, 1500, 3000);
+    tree.setIndentationTwips(19 * platform::kTwipsPerPixel);
+    const int parent = tree.addNode(std::nullopt, {}, QStringLiteral("Play Poker Online"));
+    const QString longText = QStringLiteral("Online Poker cheating concerns and more besides");
+    const int child = tree.addNode(parent, {}, longText);
+    tree.addNode(std::nullopt, {}, QStringLiteral("Enjoy.."));
+    tree.setExpanded(parent, true);
+    tree.setSelected(child);
+    host.show();
+    QCoreApplication::processEvents();
+
+    const QModelIndex childIndex = tree.indexFromItem(tree.node(child));
+    EXPECT_GE(tree.columnWidth(0),
+              tree.indentation() * 2 + tree.fontMetrics().horizontalAdvance(longText));
+    EXPECT_GT(tree.horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(tree.textElideMode(), Qt::ElideNone);
+
+    const QPalette& pal = tree.palette();
+    EXPECT_NE(pal.color(QPalette::Inactive, QPalette::Highlight),
+              pal.color(QPalette::Inactive, QPalette::Base));
+
+    // A dotted line in the indentation: some pixels of the line's colour left of the child.
+    // A dotted line in the indentation left of the child, where nothing else is drawn.
+    const QImage picture = tree.viewport()->grab().toImage();
+    const QRect row = tree.visualRect(childIndex);
+    const QColor ground = pal.color(QPalette::Base);
+    int linePixels = 0;
+    for (int x = 0; x < row.left(); ++x) {
+        for (int y = row.top(); y <= row.bottom(); ++y)
+            linePixels += QColor(picture.pixel(x, y)) != ground;
+    }
+    EXPECT_GT(linePixels, 4);
+
+    const QRect parentRow = tree.visualRect(tree.indexFromItem(tree.node(parent)));
+    const QPoint onParent(parentRow.left() + 10, parentRow.center().y());
+    doubleClick(tree.viewport(), onParent);
+    EXPECT_FALSE(tree.node(parent)->isExpanded());
+    doubleClick(tree.viewport(), onParent);
+    EXPECT_TRUE(tree.node(parent)->isExpanded());
 }
 
 TEST_F(ControlsTest, WaitsServeEventsAndEndOnTheirDeadlineTheirStopOrTheProgramsEnd) {

@@ -8,6 +8,9 @@
 #include <string>
 #include <vector>
 
+#include <QLabel>
+#include <QPushButton>
+
 #include "promotion/frmPacific2.h"
 #include "support/window_fixture.h"
 
@@ -108,6 +111,51 @@ TEST_F(PromotionTest, TheLinkLeavesAtOnceAndNoPromotionFollows) {
     form->close();
     EXPECT_EQ(form->promotionWindow(), nullptr);
     EXPECT_THAT(recorded.ends, ElementsAre(0));
+}
+
+// The room's name and trade-mark line are the build's; the words around them stand as they are.
+TEST_F(PromotionTest, TheWindowsAndTheLastStepNameTheRoomTheBuildGives) {
+    startWindow();
+    const QString name = QStringLiteral(TABLEWRIGHT_ROOM_NAME);
+    const QString mark = QStringLiteral(TABLEWRIGHT_ROOM_TRADEMARK);
+    frmPacific room(*form);
+    frmPacific2 school(*form);
+    const auto text = [](const QWidget& window, const char* control) {
+        const auto* widget = window.findChild<const QWidget*>(QString::fromLatin1(control));
+        if (const auto* label = qobject_cast<const QLabel*>(widget))
+            return label->text();
+        const auto* button = qobject_cast<const QPushButton*>(widget);
+        return button ? button->text() : QStringLiteral("(none)");
+    };
+    const struct {
+        const QWidget& window;
+        const char* control;
+        QString expected;
+    } rows[] = {
+        {school, "Label2", name + " Sample Table"},
+        {school, "Label28", "Reduced size image"},
+        {school, "cmdPokerRoom", "Home Page"},
+        {school, "Label1", mark},
+        {room, "Label2", name},
+        {room, "Label25", name},
+        {room, "Label26", " Name"},
+        {room, "Label43", "Winner of Best Online Poker Room Award "},
+        {room, "cmdPokerRoom", "Free Download.."},
+        {room, "Label1", mark},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(text(row.window, row.control), row.expected)
+            << row.window.objectName().toStdString() << " " << row.control;
+    EXPECT_EQ(school.windowTitle(), "Play Poker Online for FREE ... Real People Real Fun");
+    EXPECT_EQ(room.windowTitle(), "Play Poker Online Today... Real People Real Money Real Fun");
+    EXPECT_TRUE(room.Label44->text().startsWith("Play poker with real people at "));
+    EXPECT_TRUE(school.Label44->text().startsWith("Play poker online with real people for FREE."));
+
+    clickTopic("Sample Poker Game");
+    while (form->sampleStep < 34)
+        form->cmdNext_Click();
+    EXPECT_TRUE(form->txtComments->Text().startsWith("Ready to play poker online ? \r\n" + name +
+                                                     " has free games,\r\nfree $1000 "));
 }
 
 }  // namespace

@@ -1,0 +1,138 @@
+// A screen reader's view of the real program: on a session bus of its own with the
+// accessibility bus, a listener hears the message line as a status line whose every new
+// prompt is reported once, while the user (through the accessibility actions and the
+// pointer) opens an exercise and starts it.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include "x_session.h"
+
+namespace {
+
+// The listener: registers for name changes, starts the program, clicks the tree entry where
+// the accessibility tree says it is, presses the Start button by its action, and prints each
+// name change of a status line, with markers between the steps.
+constexpr const char* kListener = R"py(
+import os, subprocess, sys, time
+import gi
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib
+
+program, xdotool = sys.argv[1], sys.argv[2]
+
+def say(*words):
+    print(*words, flush=True)
+
+def on_name_change(event):
+    try:
+        if event.source.get_role_name() == "status bar":
+            say("STATUS", event.source.get_name())
+    except GLib.Error:
+        pass
+
+listener = Atspi.EventListener.new(on_name_change)
+listener.register("object:property-change:accessible-name")
+
+def pump(seconds, until=lambda: None):
+    end = time.monotonic() + seconds
+    context = GLib.MainContext.default()
+    while time.monotonic() < end:
+        while context.pending():
+            context.iteration(False)
+        found = until()
+        if found:
+            return found
+        time.sleep(0.05)
+    return None
+
+def find(node, wanted, depth=0):
+    try:
+        if node is None or depth > 25:
+            return None
+        if wanted(node):
+            return node
+        for i in range(node.get_child_count()):
+            found = find(node.get_child_at_index(i), wanted, depth + 1)
+            if found:
+                return found
+    except GLib.Error:
+        pass
+    return None
+
+def showing(node, name):
+    return node.get_name() == name and node.get_state_set().contains(Atspi.StateType.SHOWING)
+
+environment = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
+run = subprocess.Popen([program], env=environment)
+try:
+    desktop = Atspi.get_desktop(0)
+    window = pump(60, lambda: find(desktop, lambda n: n.get_name() == "Tablewright.."))
+    entry = window and pump(10, lambda: find(window, lambda n: showing(n, "Poker Hand Names")))
+    if not entry:
+        sys.exit("no tree entry")
+    box = entry.get_extents(Atspi.CoordType.SCREEN)
+    subprocess.run([xdotool, "mousemove", str(box.x + 10), str(box.y + box.height // 2),
+                    "click", "1"], check=True)
+    start = pump(10, lambda: find(window, lambda n: showing(n, "Start exercise 2")))
+    if not start:
+        sys.exit("no Start button")
+    pump(1)
+    say("PRESS")
+    start.do_action(0)
+    pump(10, lambda: None)
+    say("END")
+finally:
+    run.terminate()
+    run.wait()
+)py";
+
+TEST(ScreenReader, HearsEachNewPromptOfTheMessageLine) {
+    system_test::startApplication();
+    const QString python = QStringLiteral("/usr/bin/python3");
+    const QString busSession = QStandardPaths::findExecutable(QStringLiteral("dbus-run-session"));
+    if (busSession.isEmpty() ||
+        QProcess::execute(python, {QStringLiteral("-c"),
+                                   QStringLiteral("import gi; gi.require_version('Atspi', "
+                                                  "'2.0'); from gi.repository import Atspi")}) != 0)
+        GTEST_SKIP() << "needs dbus-run-session and python3 with the AT-SPI bindings";
+    system_test::XServer server;
+    ASSERT_TRUE(server.running());
+    QTemporaryDir folder;
+    QFile script(folder.filePath(QStringLiteral("listener.py")));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(kListener);
+    script.close();
+
+    QProcess listener;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), server.display());
+    environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    environment.remove(QStringLiteral("AT_SPI_BUS_ADDRESS"));
+    listener.setProcessEnvironment(environment);
+    listener.setProcessChannelMode(QProcess::SeparateChannels);
+    listener.start(busSession,
+                   {QStringLiteral("--"), python, script.fileName(),
+                    QStringLiteral(TABLEWRIGHT_PROGRAM), QStringLiteral(XDOTOOL_PROGRAM)});
+    ASSERT_TRUE(listener.waitForFinished(150'000)) << "the listener did not end";
+    const QString said = QString::fromUtf8(listener.readAllStandardOutput());
+    const QString complaints = QString::fromUtf8(listener.readAllStandardError());
+    ASSERT_TRUE(said.contains(QStringLiteral("END")))
+        << said.toStdString() << complaints.toStdString();
+
+    // After the press, the prompt of the dealt hand is reported, once.
+    const QStringList afterPress = said.section(QStringLiteral("PRESS\n"), 1)
+                                       .section(QStringLiteral("END"), 0, 0)
+                                       .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    EXPECT_EQ(afterPress,
+              QStringList{QStringLiteral("STATUS Click a poker hand name from the list..")})
+        << said.toStdString();
+    EXPECT_TRUE(said.contains(QStringLiteral("STATUS Click [Start] to begin..\n")))
+        << "opening the screen is reported too";
+}
+
+}  // namespace
