@@ -15,6 +15,8 @@ if [[ "${1:-}" == "--test" ]]; then
   # A desktop's bus tools: with them, a program with no session bus launches one of its own.
   # The system tests give the program a bus of their own and must hold on such a machine.
   packages+=(dbus-x11 at-spi2-core)
+  # The screen-reader test listens on the accessibility bus through these bindings.
+  packages+=(python3-gi gir1.2-atspi-2.0)
 fi
 
 missing=()
