@@ -100,27 +100,27 @@ void frmMain::DealBoard() {
     }
 }
 
+namespace {
+
+std::array<cards::Card, kBoardSize> BoardCards(const cards::Deck& deck,
+                                               const cards::KeyMap& keyMap) {
+    std::array<cards::Card, kBoardSize> board{};
+    cards::BuildHandFromDeck(deck, 0, keyMap, board);
+    return board;
+}
+
+}  // namespace
+
 void frmMain::BoardFlushPossible() {
-    // A disabled key is a board card: true only between the deal and the first pick.
-    flushAnswer.clear();
-    try {
-        std::array<bool, 52> keyEnabled{};
-        std::array<std::string, 52> keyCaptions;
-        for (std::size_t i = 0; i < cmdKey.size(); ++i) {
-            keyEnabled[i] = cmdKey[i]->isEnabledTo(picKeys);
-            keyCaptions[i] = cmdKey[i]->caption().toStdString();
-        }
-        flushAnswer = board::BoardFlushPossible(keyEnabled, keyCaptions);
-    } catch (const std::exception&) {
-    }
+    flushAnswer = board::BoardFlushPossible(BoardCards(deck, keyMap));
 }
 
 void frmMain::ReadBoard() {
-    std::array<std::string, kBoardSize> boardCaptions;
-    for (std::size_t i = 0; i < kBoardSize; ++i) {
-        boardCaptions[i] = cmdKey[static_cast<std::size_t>(deck[i])]->caption().toStdString();
-    }
-    lblMessage->setCaption(QString::fromStdString(board::ReadBoard(boardCaptions, flushAnswer)));
+    const cards::Checked<std::string> answer =
+        board::ReadBoard(BoardCards(deck, keyMap), flushAnswer);
+    if (answer.failure)
+        platform::MsgBox(QString::fromStdString(*answer.failure));
+    lblMessage->setCaption(QString::fromStdString(answer.value));
 }
 
 void frmMain::keyPressBestHand(std::int16_t Index) {

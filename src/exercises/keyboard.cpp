@@ -98,7 +98,7 @@ void frmMain::keyPressNamesPick(std::int16_t Index) {
     if (cardCount == 5) {
         hand1Result = EvaluatePokerHand(hand1);
         cardCount = 0;
-        const int row = cards::NameRowOfCategory(hand1Result);
+        const int row = cards::CategoryPlace(hand1Result);
         if (row >= 0)
             HighlightHandName(static_cast<std::int16_t>(row));
         setAllKeysEnabled(false);
@@ -193,5 +193,8 @@ void frmMain::showStartButtons(std::initializer_list<platform::CommandButton*> v
 }
 
 std::int16_t frmMain::EvaluatePokerHand(cards::Hand& hand) {
-    return cards::EvaluatePokerHand(hand);
+    const cards::Checked<std::int16_t> evaluated = cards::EvaluatePokerHand(hand);
+    if (evaluated.failure)
+        platform::MsgBox(QString::fromStdString(*evaluated.failure));
+    return evaluated.value;
 }

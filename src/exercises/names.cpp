@@ -49,7 +49,7 @@ void frmMain::Timer1_Timer() {
 void frmMain::applyVerdict(const cards::Verdict& verdict) {
     if (verdict.text)
         lblMessage->setCaption(QString::fromStdString(*verdict.text));
-    if (verdict.startsBlinking)
+    if (verdict.callsForAttention)
         messageBlinking = true;
 }
 

@@ -92,7 +92,7 @@ std::int16_t frmMain::DealRandomHand() {
 }
 
 void frmMain::nameClickNamesRandom(std::int16_t Index) {
-    if (hand1Result == cards::CategoryOfNameRow(Index)) {
+    if (hand1Result == cards::CategoryAtPlace(Index)) {
         HighlightHandName(Index);
         answerPending = false;
         platform::PlaySound(platform::AppPath(QStringLiteral("\\wavs\\yes.wav")));

@@ -6,6 +6,7 @@
 #include <map>
 #include <tuple>
 
+#include "cards/cards.h"
 #include "platform/artwork_detail.h"
 
 namespace platform {
@@ -96,16 +97,10 @@ void paintCardFace(QPainter& painter, const QRectF& target, int drawId) {
 }
 
 QString cardName(int drawId) {
-    static constexpr std::array<const char*, 13> kRanks{"Ace",  "Two",   "Three", "Four", "Five",
-                                                        "Six",  "Seven", "Eight", "Nine", "Ten",
-                                                        "Jack", "Queen", "King"};
-    static constexpr std::array<const char*, 4> kSuits{"Clubs", "Diamonds", "Hearts", "Spades"};
     if (!detail::isValidDrawId(drawId)) {
         return {};
     }
-    return QStringLiteral("%1 of %2")
-        .arg(QLatin1String(kRanks.at(static_cast<std::size_t>(drawId / 4))),
-             QLatin1String(kSuits.at(static_cast<std::size_t>(drawId % 4))));
+    return QString::fromStdString(cards::CardName(static_cast<std::int16_t>(drawId)));
 }
 
 }  // namespace platform

@@ -64,6 +64,9 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::load169() {
-    pairTable = pairs::load169(
+    cards::Checked<pairs::KeyedList> loaded = pairs::load169(
         QDir(platform::ApplicationFolder()).filePath(QStringLiteral("169.txt")).toStdString());
+    if (loaded.failure)
+        platform::MsgBox(QString::fromStdString(*loaded.failure));
+    pairTable = std::move(loaded.value);
 }

@@ -25,9 +25,6 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     QPalette pal = palette();
     pal.setColor(QPalette::Window, platform::colorFromRgb(0xC0C0C0));
     setPalette(pal);
-    // The engine's failure messages come up in the window's message box.
-    cards::SetMessageSink(
-        [](const std::string& text) { platform::MsgBox(QString::fromStdString(text)); });
     createControls();
     promotion::setEnoughTip(*lblEnough);
     connectHandlers();

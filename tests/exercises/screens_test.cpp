@@ -137,7 +137,7 @@ TEST_F(Exercises, DealtHandIsAnsweredOnceByItsNameAndTheBorderFollowsThePointer)
     for (const auto& card : form->hand1)
         dealt << platform::cardName(card.drawId);
     EXPECT_EQ(form->picShow->drawnItems(), dealt);
-    const auto right = std::int16_t(cards::NameRowOfCategory(form->hand1Result));
+    const auto right = std::int16_t(cards::CategoryPlace(form->hand1Result));
     const std::int16_t wrong = right == 6 ? 5 : 6;
     ASSERT_GE(right, 0);
     form->lblName_MouseMove(wrong);
