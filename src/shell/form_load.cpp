@@ -14,7 +14,7 @@ bool showRoomOffer = false;
 void frmMain::Form_Load() {
     mDefs::showRoomOffer = false;
     QDir::setCurrent(platform::ApplicationFolder());
-    platform::cdtInit(cWidth, cHeight);
+    platform::cdtInit(state_.cWidth, state_.cHeight);
 
     TreeView1->setIndentationTwips(19 * platform::kTwipsPerPixel);
     TreeView1->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -68,5 +68,5 @@ void frmMain::load169() {
         QDir(platform::ApplicationFolder()).filePath(QStringLiteral("169.txt")).toStdString());
     if (loaded.failure)
         platform::MsgBox(QString::fromStdString(*loaded.failure));
-    pairTable = std::move(loaded.value);
+    state_.pairTable = std::move(loaded.value);
 }

@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "drill/palette.h"
+#include "drill/rounding.h"
 #include "platform/artwork.h"
 #include "platform/mDefs.h"
 #include "promotion/leaving.h"
@@ -13,7 +15,7 @@ namespace {
 constexpr double kInnerWidth = 13815, kInnerHeight = 9795;
 constexpr double kBorderWidth = 120, kBorderHeight = 405;
 int pixels(double twips) {
-    return static_cast<int>(std::nearbyint(twips / platform::kTwipsPerPixel));
+    return drill::rounded(twips / platform::kTwipsPerPixel);
 }
 }  // namespace
 
@@ -23,7 +25,7 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     setWindowIcon(platform::artwork::applicationIcon());
     setAutoFillBackground(true);
     QPalette pal = palette();
-    pal.setColor(QPalette::Window, platform::colorFromRgb(0xC0C0C0));
+    pal.setColor(QPalette::Window, platform::colorFromRgb(palette::kGrey));
     setPalette(pal);
     createControls();
     promotion::setEnoughTip(*lblEnough);

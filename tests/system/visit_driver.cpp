@@ -35,8 +35,14 @@ bool reachable(const QWidget* widget) {
     return widget->isVisible() && widget->isEnabled();
 }
 
+template <typename Control = QWidget>
+Control* control(const frmMain& form, const QString& name) {
+    return form.findChild<Control*>(name);
+}
+
 platform::CommandButton* firstOpenKey(const frmMain& form) {
-    for (platform::CommandButton* key : form.cmdKey) {
+    for (int index = 0; index < 52; ++index) {
+        auto* key = control<platform::CommandButton>(form, QStringLiteral("cmdKey(%1)").arg(index));
         if (reachable(key))
             return key;
     }
@@ -64,15 +70,15 @@ void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
         ++tally.keys;
         settle(50);
     }
-    for (std::int16_t index = 0; index < static_cast<std::int16_t>(form.lblName.size()); ++index) {
-        if (!form.lblName[static_cast<std::size_t>(index)]->isVisible())
+    for (std::int16_t index = 0; index < 9; ++index) {
+        if (!control(form, QStringLiteral("lblName(%1)").arg(index))->isVisible())
             continue;
         form.lblName_MouseMove(index);
         form.lblName_Click(index);
         ++tally.answers;
         break;
     }
-    if (form.picShow->isVisible()) {
+    if (control(form, QStringLiteral("picShow"))->isVisible()) {
         form.picShow_Click();
         settle(kPageMs);
         form.picLabels_Click();
@@ -82,21 +88,23 @@ void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
 }
 
 void playExercise(frmMain& form, Tally& tally) {
-    for (platform::CommandButton* start :
-         {form.cmdStart1A, form.cmdStart1B, form.cmdStart2A, form.cmdStart2B, form.cmdStart3A,
-          form.cmdStart3B, form.cmdStart4}) {
+    for (const char* name : {"cmdStart1A", "cmdStart1B", "cmdStart2A", "cmdStart2B", "cmdStart3A",
+                             "cmdStart3B", "cmdStart4"}) {
+        auto* start = control<platform::CommandButton>(form, QString::fromLatin1(name));
         if (reachable(start))
             playRound(form, start, tally);
     }
-    if (reachable(form.cmdClear))
-        form.cmdClear->click();
+    if (auto* clear = control<platform::CommandButton>(form, QStringLiteral("cmdClear"));
+        reachable(clear))
+        clear->click();
 }
 
 void playSampleToTheEnd(frmMain& form) {
-    for (int clicks = 0;
-         clicks < 2 * kSampleSteps && form.sampleStep < kSampleSteps && !platform::programEnding();
+    auto* next = control<platform::CommandButton>(form, QStringLiteral("cmdNext"));
+    for (int clicks = 0; clicks < 2 * kSampleSteps && next->caption() != QLatin1String("Replay") &&
+                         !platform::programEnding();
          ++clicks) {
-        form.cmdNext->click();
+        next->click();
     }
 }
 
@@ -106,7 +114,8 @@ bool waitForEngine(const frmMain& form) {
     if (!QFileInfo::exists(platform::AppPath(QStringLiteral("\\tablewright_webpane.so"))))
         return false;
     for (int waited = 0; waited < kEngineMs; waited += 100) {
-        if (form.WebBrowser1->backend() == platform::WebBrowser::Backend::Engine)
+        if (control<platform::WebBrowser>(form, QStringLiteral("WebBrowser1"))->backend() ==
+            platform::WebBrowser::Backend::Engine)
             return true;
         settle(100);
     }
@@ -120,21 +129,28 @@ void visit(frmMain& form) {
         return giveUp(3, "a message box opened at start-up");
     std::fprintf(stderr, "visit: lesson pane %s\n", waitForEngine(form) ? "engine" : "text");
     Tally tally;
-    for (int node = 1; node <= form.TreeView1->nodeCount() && !platform::programEnding(); ++node) {
-        form.TreeView1->setSelected(node);
+    for (int node = 1;
+         node <= control<platform::TreeView>(form, QStringLiteral("TreeView1"))->nodeCount() &&
+         !platform::programEnding();
+         ++node) {
+        control<platform::TreeView>(form, QStringLiteral("TreeView1"))->setSelected(node);
         form.TreeView1_NodeClick(node);
         settle(kPageMs);
-        if (!form.WebBrowser1->isHidden())
+        if (!control<platform::WebBrowser>(form, QStringLiteral("WebBrowser1"))->isHidden())
             ++tally.pages;
-        if (!form.picQuiz->isHidden())
+        if (!control(form, QStringLiteral("picQuiz"))->isHidden())
             playExercise(form, tally);
-        if (!form.picDemo->isHidden())
+        if (!control(form, QStringLiteral("picDemo"))->isHidden())
             playSampleToTheEnd(form);
     }
     std::fprintf(stderr,
                  "visit: %d entries, %d pages, %d rounds, %d keys, %d answers, sample at step %d\n",
-                 form.TreeView1->nodeCount(), tally.pages, tally.rounds, tally.keys, tally.answers,
-                 static_cast<int>(form.sampleStep));
+                 control<platform::TreeView>(form, QStringLiteral("TreeView1"))->nodeCount(),
+                 tally.pages, tally.rounds, tally.keys, tally.answers,
+                 control<platform::CommandButton>(form, QStringLiteral("cmdNext"))->caption() ==
+                         QLatin1String("Replay")
+                     ? kSampleSteps
+                     : 0);
 
     // The user closes the window; the promotion takes its place and is closed in turn.
     QTimer::singleShot(kPromotionMs, &form, [&form] {
