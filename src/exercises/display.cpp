@@ -1,8 +1,8 @@
 // What the rules ask the window to show, put on the controls.
 #include <cmath>
 
+#include "artwork/cardface.h"
 #include "drill/palette.h"
-#include "platform/cardface.h"
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
 

@@ -7,9 +7,9 @@
 #include <QScreen>
 #include <QUrl>
 
+#include "artwork/artwork.h"
+#include "artwork/cardface.h"
 #include "drill/palette.h"
-#include "platform/artwork.h"
-#include "platform/cardface.h"
 #include "promotion/open_url.h"
 #include "shell/frmMain.h"
 

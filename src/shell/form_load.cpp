@@ -1,8 +1,8 @@
 // Start-up, activation and the window's resizing.
 #include <QDir>
 
+#include "artwork/cardface.h"
 #include "pairs/pairs.h"
-#include "platform/cardface.h"
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
 #include "shell/topics.h"

@@ -4,9 +4,9 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "artwork/artwork.h"
 #include "drill/palette.h"
 #include "drill/rounding.h"
-#include "platform/artwork.h"
 #include "platform/mDefs.h"
 #include "promotion/leaving.h"
 

@@ -2,10 +2,10 @@
 // Children are made bottom first, so the stacking order is the design's.
 #include <QApplication>
 
+#include "artwork/artwork.h"
+#include "artwork/cardface.h"
 #include "drill/keyboard.h"
 #include "drill/palette.h"
-#include "platform/artwork.h"
-#include "platform/cardface.h"
 #include "shell/frmMain.h"
 
 using platform::CommandButton;

@@ -166,7 +166,6 @@ void visit(frmMain& form) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     platform::setApplicationFolder(QStringLiteral(TABLEWRIGHT_APP_DIR));

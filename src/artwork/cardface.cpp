@@ -1,13 +1,13 @@
 // The card library: the natural card size, faces by draw id, a cache of rendered faces,
 // and card names.
-#include "platform/cardface.h"
+#include "artwork/cardface.h"
 
 #include <array>
 #include <map>
 #include <tuple>
 
+#include "artwork/artwork_detail.h"
 #include "cards/cards.h"
-#include "platform/artwork_detail.h"
 
 namespace platform {
 namespace {
