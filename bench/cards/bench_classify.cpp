@@ -37,7 +37,8 @@ void ClassifyAllHands(benchmark::State& state) {
                         hand[3] = deck[d];
                         for (std::size_t e = d + 1; e < 52; ++e) {
                             hand[4] = deck[e];
-                            ++countOfCode[static_cast<std::size_t>(cards::EvaluatePokerHand(hand))];
+                            ++countOfCode[static_cast<std::size_t>(
+                                cards::EvaluatePokerHand(hand).value)];
                             ++classified;
                         }
                     }

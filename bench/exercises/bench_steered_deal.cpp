@@ -53,9 +53,12 @@ void SteeredDealRowOne(benchmark::State& state) {
     form.show();
     if (!QTest::qWaitForWindowExposed(&form))
         state.SkipWithError("the window never showed");
-    form.Timer1->stop();
-    for (int index = 1; index <= form.TreeView1->nodeCount(); ++index) {
-        if (form.TreeView1->nodeText(index) == QLatin1String("Poker Hand Names"))
+    form.findChild<QTimer*>(QStringLiteral("Timer1"))->stop();
+    for (int index = 1;
+         index <= form.findChild<platform::TreeView*>(QStringLiteral("TreeView1"))->nodeCount();
+         ++index) {
+        if (form.findChild<platform::TreeView*>(QStringLiteral("TreeView1"))->nodeText(index) ==
+            QLatin1String("Poker Hand Names"))
             form.TreeView1_NodeClick(index);
     }
     QCoreApplication::processEvents();
@@ -66,7 +69,7 @@ void SteeredDealRowOne(benchmark::State& state) {
         random->next = 0.0f;
         const long reseedsBefore = random->reseeds;
         const auto start = std::chrono::steady_clock::now();
-        QTest::mouseClick(form.cmdStart1B, Qt::LeftButton);
+        QTest::mouseClick(form.findChild<QWidget*>(QStringLiteral("cmdStart1B")), Qt::LeftButton);
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
         state.SetIterationTime(elapsed.count());
         milliseconds.push_back(elapsed.count() * 1000.0);

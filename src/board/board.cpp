@@ -1,19 +1,25 @@
 // The board's sorted values, the last answer (three of a kind) and the order of questions.
 #include "board/board.h"
 
-#include "board/values.h"
+#include <algorithm>
 
 namespace board {
+namespace {
 
-BoardValues BoardValueTokens(std::span<const std::string, 5> boardCaptions) {
+constexpr std::int16_t kAceHigh = 14;
+
+}  // namespace
+
+BoardValues BoardValueTexts(Board board) {
+    std::array<std::int16_t, 5> aceHigh{};
+    std::transform(board.begin(), board.end(), aceHigh.begin(),
+                   [](const cards::Card& card) { return card.value == 1 ? kAceHigh : card.value; });
+    std::sort(aceHigh.begin(), aceHigh.end());
     BoardValues values;
-    // A caption equals at most one value text, so at most five slots are ever filled.
     std::size_t filled = 0;
-    for (const std::string_view text : detail::kValueTexts) {
-        for (const std::string& caption : boardCaptions) {
-            if (caption == text) {
-                values[filled++] = caption;
-            }
+    for (const std::int16_t value : aceHigh) {
+        if (value >= 2 && value <= kAceHigh) {
+            values[filled++] = cards::ValueText(value);
         }
     }
     return values;
@@ -25,20 +31,19 @@ std::string BoardThreeOfAKind(const BoardValues& values) {
     return "Best Hand is 3 of a Kind (" + highest + highest + highest + ")";
 }
 
-std::string ReadBoard(std::span<const std::string, 5> boardCaptions,
-                      const std::string& flushAnswer) {
-    if (std::string fullHouse = BoardBestFullHouse(BoardValueTokens(boardCaptions));
-        !fullHouse.empty()) {
-        return fullHouse;
+cards::Checked<std::string> ReadBoard(Board board, const std::string& flushAnswer) {
+    const BoardValues values = BoardValueTexts(board);
+    if (std::string fullHouse = BoardBestFullHouse(values); !fullHouse.empty()) {
+        return {fullHouse, std::nullopt};
     }
     if (!flushAnswer.empty()) {
-        return flushAnswer;
+        return {flushAnswer, std::nullopt};
     }
-    if (std::string straight = IsStraightPossible(BoardValueTokens(boardCaptions));
-        !straight.empty()) {
+    cards::Checked<std::string> straight = IsStraightPossible(values);
+    if (!straight.value.empty()) {
         return straight;
     }
-    return BoardThreeOfAKind(BoardValueTokens(boardCaptions));
+    return {BoardThreeOfAKind(values), std::move(straight.failure)};
 }
 
 }  // namespace board

@@ -1,4 +1,5 @@
-// The flush answer, read off the keyboard rows at the moment of the deal.
+// The flush answer: a suit with three board cards, and the best two cards of it still free.
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -7,47 +8,54 @@
 namespace board {
 namespace {
 
-constexpr int kKeysPerRow = 13;
 constexpr int kMinBoardCardsOfSuit = 3;
+constexpr std::int16_t kAceHigh = 14;
+constexpr std::int16_t kTwo = 2;
 
-// Keyboard rows in their order of work.
-constexpr std::array<std::string_view, 4> kRowAnswerStarts = {
-    "Best hand is a Club Flush (",
-    "Best hand is a Diamond Flush (",
-    "Best hand is a Spade Flush (",
-    "Best hand is a Hearts Flush (",
+struct SuitQuestion {
+    std::int16_t suit;
+    std::string_view answerStart;
 };
 
-int BoardCardsInRow(std::span<const bool, 52> keyEnabled, int row) {
-    int count = 0;
-    for (int column = 0; column < kKeysPerRow; ++column) {
-        if (!keyEnabled[row * kKeysPerRow + column]) {
-            ++count;
-        }
-    }
-    return count;
+// The suits in the order they are asked about.
+constexpr std::array<SuitQuestion, 4> kSuitQuestions{{
+    {0, "Best hand is a Club Flush ("},
+    {1, "Best hand is a Diamond Flush ("},
+    {3, "Best hand is a Spade Flush ("},
+    {2, "Best hand is a Hearts Flush ("},
+}};
+
+bool OnBoard(Board board, std::int16_t suit, std::int16_t aceHighValue) {
+    return std::any_of(board.begin(), board.end(), [&](const cards::Card& card) {
+        const std::int16_t value = card.value == 1 ? kAceHigh : card.value;
+        return card.suit == suit && value == aceHighValue;
+    });
+}
+
+int BoardCardsOfSuit(Board board, std::int16_t suit) {
+    return static_cast<int>(std::count_if(board.begin(), board.end(),
+                                          [suit](const cards::Card& c) { return c.suit == suit; }));
 }
 
 }  // namespace
 
-std::string BoardFlushPossible(std::span<const bool, 52> keyEnabled,
-                               std::span<const std::string, 52> keyCaptions) {
+std::string BoardFlushPossible(Board board) {
     std::string flushAnswer;
-    // Kept across the rows: a dealt board has at most one row of three.
+    // Kept across the suits: a dealt board has at most one suit of three.
     std::string freeCards;
-    for (int row = 0; row < static_cast<int>(kRowAnswerStarts.size()); ++row) {
-        if (BoardCardsInRow(keyEnabled, row) < kMinBoardCardsOfSuit) {
+    for (const SuitQuestion& question : kSuitQuestions) {
+        if (BoardCardsOfSuit(board, question.suit) < kMinBoardCardsOfSuit) {
             continue;
         }
         // From the ace down. The test is on the text's length, so a free ten ends the walk
         // at once with one card named.
-        for (int key = (row + 1) * kKeysPerRow - 1; key >= row * kKeysPerRow; --key) {
-            if (!keyEnabled[key]) {
+        for (std::int16_t value = kAceHigh; value >= kTwo; --value) {
+            if (OnBoard(board, question.suit, value)) {
                 continue;
             }
-            freeCards += keyCaptions[key];
+            freeCards += cards::ValueText(value);
             if (freeCards.size() > 1) {
-                flushAnswer = std::string(kRowAnswerStarts[row]) + freeCards + ")";
+                flushAnswer = std::string(question.answerStart) + freeCards + ")";
                 break;
             }
         }

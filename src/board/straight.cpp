@@ -50,17 +50,16 @@ std::string StraightAnswer(const StraightWindow& window) {
 
 }  // namespace
 
-std::string IsStraightPossible(const BoardValues& values) {
+cards::Checked<std::string> IsStraightPossible(const BoardValues& values) {
     try {
         for (const StraightWindow& window : kStraightWindows) {
             if (BoardFillsWindow(window, values)) {
-                return StraightAnswer(window);
+                return {StraightAnswer(window), std::nullopt};
             }
         }
         return {};
     } catch (const std::exception& failure) {
-        cards::ShowMessage(std::string("error in IsStraightPossible ") + failure.what());
-        return {};
+        return {{}, std::string("error in IsStraightPossible ") + failure.what()};
     }
 }
 

@@ -1,4 +1,4 @@
-// Card numberings: key index, draw-order position, draw id; the name rows; the message seam.
+// Card numberings: key index, draw-order position, draw id; the category list; value texts.
 #include <utility>
 
 #include "cards/cards.h"
@@ -11,7 +11,7 @@ constexpr int kColumns = 13;
 constexpr int kSuits = 4;
 constexpr int kFirstDrawIdAfterAces = 4;
 
-constexpr std::array<std::int16_t, 9> kCategoryOfNameRow{
+constexpr std::array<std::int16_t, 9> kCategoryAtPlace{
     category::kStraightFlush, category::kFourOfAKind, category::kFullHouse,
     category::kFlush,         category::kStraight,    category::kThreeOfAKind,
     category::kTwoPair,       category::kPair,        category::kHighCard};
@@ -47,27 +47,48 @@ bool IsKey(std::int16_t k) {
     return k >= 0 && k < kKeyCount;
 }
 
-MessageSink& CurrentSink() {
-    static MessageSink sink;
-    return sink;
-}
+constexpr std::array<const char*, 15> kValueTexts{"",  "A", "2",  "3", "4", "5", "6", "7",
+                                                  "8", "9", "10", "J", "Q", "K", "A"};
+constexpr std::array<const char*, 13> kRankNames{"Ace",  "Two",   "Three", "Four", "Five",
+                                                 "Six",  "Seven", "Eight", "Nine", "Ten",
+                                                 "Jack", "Queen", "King"};
+constexpr std::array<const char*, kSuits> kSuitNames{"Clubs", "Diamonds", "Hearts", "Spades"};
 
 }  // namespace
 
-int NameRowOfCategory(std::int16_t handCategory) {
-    for (std::size_t row = 0; row < kCategoryOfNameRow.size(); ++row) {
-        if (kCategoryOfNameRow[row] == handCategory) {
-            return static_cast<int>(row);
+int CategoryPlace(std::int16_t handCategory) {
+    for (std::size_t place = 0; place < kCategoryAtPlace.size(); ++place) {
+        if (kCategoryAtPlace[place] == handCategory) {
+            return static_cast<int>(place);
         }
     }
     return -1;
 }
 
-std::int16_t CategoryOfNameRow(int row) {
-    if (row < 0 || row >= static_cast<int>(kCategoryOfNameRow.size())) {
+std::int16_t CategoryAtPlace(int place) {
+    if (place < 0 || place >= static_cast<int>(kCategoryAtPlace.size())) {
         return 0;
     }
-    return kCategoryOfNameRow[static_cast<std::size_t>(row)];
+    return kCategoryAtPlace[static_cast<std::size_t>(place)];
+}
+
+std::string ValueText(std::int16_t value) {
+    if (value < 1 || value >= static_cast<int>(kValueTexts.size())) {
+        return {};
+    }
+    return kValueTexts[static_cast<std::size_t>(value)];
+}
+
+std::string SuitName(std::int16_t suit) {
+    return suit >= 0 && suit < kSuits ? kSuitNames[static_cast<std::size_t>(suit)] : "";
+}
+
+std::string CardName(std::int16_t drawId) {
+    if (drawId < 0 || drawId >= kKeyCount) {
+        return {};
+    }
+    return std::string(kRankNames[static_cast<std::size_t>(drawId / kSuits)]) + " of " +
+           SuitName(static_cast<std::int16_t>(drawId % kSuits));
 }
 
 void FillKeyMap(KeyMap& keyMap) {
@@ -124,16 +145,6 @@ void BuildHandFromDeck(const Deck& deck, int first, const KeyMap& keyMap, std::s
             continue;
         }
         CardFromKey(deck[static_cast<std::size_t>(place)], keyMap, hand[i]);
-    }
-}
-
-void SetMessageSink(MessageSink sink) {
-    CurrentSink() = std::move(sink);
-}
-
-void ShowMessage(const std::string& text) {
-    if (const MessageSink& sink = CurrentSink()) {
-        sink(text);
     }
 }
 

@@ -4,7 +4,7 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -37,10 +37,26 @@ inline constexpr std::int16_t kPair = 9;
 inline constexpr std::int16_t kHighCard = 20;
 }  // namespace category
 
-// The lblName row that names a category (2..9 -> 0..7, 20 -> 8); -1 for any other code.
-int NameRowOfCategory(std::int16_t handCategory);
-// The category that lblName row 0..8 names; 0 for any other row.
-std::int16_t CategoryOfNameRow(int row);
+// A category's place when the categories are listed strongest first (2..9 -> 0..7,
+// 20 -> 8); -1 for any other code.
+int CategoryPlace(std::int16_t handCategory);
+// The category at place 0..8 of that list; 0 for any other place.
+std::int16_t CategoryAtPlace(int place);
+
+// A result together with the failure that cut it short, if any: the text the caller shows.
+template <typename T>
+struct Checked {
+    T value{};
+    std::optional<std::string> failure;
+};
+
+// The value texts of the keys and the board answers: "2" .. "10", "J", "Q", "K", "A".
+// Value 1 and value 14 are both the ace; any other value has no text.
+std::string ValueText(std::int16_t value);
+// "Clubs", "Diamonds", "Hearts", "Spades" for suits 0..3; empty for any other.
+std::string SuitName(std::int16_t suit);
+// "Ace of Spades", "Ten of Hearts"... for draw ids 0..51; empty for any other.
+std::string CardName(std::int16_t drawId);
 
 // The random source: single precision, 0 <= u < 1 strictly, reseeded at every shuffle.
 class RandomSource {
@@ -81,13 +97,8 @@ void ShuffleInPlace(Deck& deck, RandomSource& random);
 // Builds hand slots from deck places [first, first + hand.size()) -- the engine side of the deals.
 void BuildHandFromDeck(const Deck& deck, int first, const KeyMap& keyMap, std::span<Card> hand);
 
-// Classifies five cards (aces must still be 1). Changes nothing in the hand.
-std::int16_t EvaluatePokerHand(const Hand& hand);
-
-// The engine's one message seam: failures that the system reports in a message box
-// (the window connects it to the real box; tests record).
-using MessageSink = std::function<void(const std::string&)>;
-void SetMessageSink(MessageSink sink);
-void ShowMessage(const std::string& text);
+// Classifies five cards (aces must still be 1). Changes nothing in the hand. A failure gives
+// 0 with "Error  in  EvaluatePokerHand (  <description>  )".
+Checked<std::int16_t> EvaluatePokerHand(const Hand& hand);
 
 }  // namespace cards

@@ -7,8 +7,8 @@
 namespace cards {
 
 using detail::AcelessList;
-using detail::BlinkingVerdict;
 using detail::kTie;
+using detail::OpenVerdict;
 using detail::ValueList;
 using detail::WinsWith;
 
@@ -28,14 +28,14 @@ std::string_view ValueWord(std::int16_t value) {
     return kValueWords[static_cast<std::size_t>(value)];
 }
 
-// By lblName row; any code without a row is named high card.
+// By category place; any code without a place is named high card.
 constexpr std::array<std::string_view, 9> kCategoryNames{
     "straight flush",  "four of a kind", "full house ", "flush",    "straight",
     "three of a kind", "two pair",       "pair",        "high card"};
 
 std::string_view CategoryName(std::int16_t handCategory) {
-    const int row = NameRowOfCategory(handCategory);
-    return row < 0 ? kCategoryNames.back() : kCategoryNames[static_cast<std::size_t>(row)];
+    const int place = CategoryPlace(handCategory);
+    return place < 0 ? kCategoryNames.back() : kCategoryNames[static_cast<std::size_t>(place)];
 }
 
 // Straight names by the lowest card of the aceless list (10 for the ace-high one).
@@ -73,7 +73,7 @@ std::string_view StraightName(const StraightWords& words, std::int16_t lowestCar
 // A-2-3-4-5 lists as 2, 3, 4, 5, 0 and 2-3-4-5-6 as 2, ..., 6: both start at 2, and only the
 // top slot tells them apart. A-2-3-4-5 has no name: it loses in words that name the winner.
 Verdict CompareRuns(const Hand& hand1, const Hand& hand2, const StraightWords& words) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const ValueList a = AcelessList(hand1);
     const ValueList b = AcelessList(hand2);
     if (a[0] > b[0]) {
@@ -149,7 +149,7 @@ Verdict ReportCategoryWinner(const Hand& hand1, const Hand& hand2) {
     const int winner = c1 < c2 ? 1 : 2;
     Verdict verdict;
     verdict.text = WinsWith(winner) + "a " + std::string(CategoryName(winner == 1 ? c1 : c2));
-    verdict.startsBlinking = true;
+    verdict.callsForAttention = true;
     return verdict;
 }
 
@@ -188,7 +188,7 @@ Verdict CompareStraights(const Hand& hand1, const Hand& hand2) {
 
 // The kicker plays no part.
 Verdict CompareFours(const Hand& hand1, const Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const auto quads = [](const ValueList& list) {
         return AceWhenZero(list[0] == list[1] ? list[0] : list[4]);
     };
@@ -201,7 +201,7 @@ Verdict CompareFours(const Hand& hand1, const Hand& hand2) {
 
 // Only the three of a kind decides; the pairs are not compared.
 Verdict CompareFullHouses(const Hand& hand1, const Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const FullHouseParts first = PartsOfFullHouse(AcelessList(hand1));
     const FullHouseParts second = PartsOfFullHouse(AcelessList(hand2));
     const int winner = first.trips > second.trips ? 1 : 2;
@@ -214,7 +214,7 @@ Verdict CompareFullHouses(const Hand& hand1, const Hand& hand2) {
 
 // The kickers play no part.
 Verdict CompareThrees(const Hand& hand1, const Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const std::int16_t t1 = TripsOf(AcelessList(hand1));
     const std::int16_t t2 = TripsOf(AcelessList(hand2));
     verdict.text = t1 > t2 ? ValueWordVerdict(1, "three of a kind ", t1)

@@ -8,11 +8,11 @@
 
 namespace cards {
 
-// What a comparison does to the message line: the text to write, if any (no text means
-// lblMessage stays as it was), and whether messageBlinking turns True.
+// The outcome of a comparison: the words of the verdict, if any (a comparison that finds no
+// words leaves the last verdict standing), and whether it calls for attention.
 struct Verdict {
     std::optional<std::string> text;
-    bool startsBlinking = false;
+    bool callsForAttention = false;
     friend bool operator==(const Verdict&, const Verdict&) = default;
 };
 

@@ -5,8 +5,8 @@
 namespace cards {
 
 using detail::AceHighList;
-using detail::BlinkingVerdict;
 using detail::kTie;
+using detail::OpenVerdict;
 using detail::ValueList;
 using detail::WinsWith;
 
@@ -99,7 +99,7 @@ std::int16_t PairOf(const ValueList& list) {
 
 // Only a win of hand 1 names the card behind the top one that decided.
 Verdict CompareFlushes(Hand& hand1, Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const ValueList a = AceHighList(hand1);
     const ValueList b = AceHighList(hand2);
     const std::size_t i = FirstDifference(a, b);
@@ -114,7 +114,7 @@ Verdict CompareFlushes(Hand& hand1, Hand& hand2) {
 }
 
 Verdict CompareHighCards(Hand& hand1, Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const ValueList a = AceHighList(hand1);
     const ValueList b = AceHighList(hand2);
     const std::size_t i = FirstDifference(a, b);
@@ -133,7 +133,7 @@ Verdict CompareHighCards(Hand& hand1, Hand& hand2) {
 
 // With the same pair in both lists, the first difference is always a kicker.
 Verdict ComparePairs(Hand& hand1, Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const ValueList a = AceHighList(hand1);
     const ValueList b = AceHighList(hand2);
     const std::int16_t p1 = PairOf(a);
@@ -154,7 +154,7 @@ Verdict ComparePairs(Hand& hand1, Hand& hand2) {
 
 // The words never say which card decided.
 Verdict CompareTwoPairs(Hand& hand1, Hand& hand2) {
-    Verdict verdict = BlinkingVerdict();
+    Verdict verdict = OpenVerdict();
     const TwoPairParts first = PartsOfTwoPair(AceHighList(hand1));
     const TwoPairParts second = PartsOfTwoPair(AceHighList(hand2));
     if (first == second) {

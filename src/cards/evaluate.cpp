@@ -2,7 +2,6 @@
 #include <exception>
 
 #include "cards/cards.h"
-#include "cards/evaluate_failure.h"
 
 namespace cards {
 namespace {
@@ -144,20 +143,11 @@ std::int16_t Classify(const SortedHand& s) {
 
 }  // namespace
 
-namespace detail {
-
-std::int16_t ReportEvaluateFailure(const std::string& description) {
-    ShowMessage("Error  in  EvaluatePokerHand (  " + description + "  )");
-    return 0;
-}
-
-}  // namespace detail
-
-std::int16_t EvaluatePokerHand(const Hand& hand) {
+Checked<std::int16_t> EvaluatePokerHand(const Hand& hand) {
     try {
-        return Classify(SortByValue(hand));
+        return {Classify(SortByValue(hand)), std::nullopt};
     } catch (const std::exception& failure) {
-        return detail::ReportEvaluateFailure(failure.what());
+        return {0, "Error  in  EvaluatePokerHand (  " + std::string(failure.what()) + "  )"};
     }
 }
 

@@ -21,8 +21,8 @@ ValueList AcelessList(const Hand& hand);
 // "Hand (1) wins with " or "Hand (2) wins with ".
 std::string WinsWith(int winner);
 
-// The verdict that every same-category routine starts from: no text yet, blinking on.
-inline Verdict BlinkingVerdict() {
+// The verdict that every same-category routine starts from: no words yet, attention called.
+inline Verdict OpenVerdict() {
     return Verdict{std::nullopt, true};
 }
 

@@ -127,21 +127,21 @@ std::int16_t RankInTable(const KeyedList& pairTable, std::string key, bool suite
 
 }  // namespace
 
-KeyedList load169(const std::filesystem::path& file) {
-    KeyedList pairTable;
+cards::Checked<KeyedList> load169(const std::filesystem::path& file) {
+    cards::Checked<KeyedList> loaded;
     try {
         const std::string delimiter = ",\r";
-        SplitString(pairTable, LinesEachEndedByCarriageReturn(ReadWholeFile(file)), delimiter,
+        SplitString(loaded.value, LinesEachEndedByCarriageReturn(ReadWholeFile(file)), delimiter,
                     splitAnyCharacter + splitDiscard);
     } catch (const std::system_error& error) {
-        cards::ShowMessage(std::string(kMessagePrefix) + error.code().message());
+        loaded.failure = std::string(kMessagePrefix) + error.code().message();
     } catch (const std::bad_alloc&) {
-        cards::ShowMessage(std::string(kMessagePrefix) +
-                           std::make_error_code(std::errc::not_enough_memory).message());
+        loaded.failure = std::string(kMessagePrefix) +
+                         std::make_error_code(std::errc::not_enough_memory).message();
     } catch (const std::exception& error) {
-        cards::ShowMessage(std::string(kMessagePrefix) + error.what());
+        loaded.failure = std::string(kMessagePrefix) + error.what();
     }
-    return pairTable;
+    return loaded;
 }
 
 std::int16_t RankOfPosition(int position) {

@@ -11,10 +11,10 @@
 
 namespace pairs {
 
-// Reads the file as the table; on failure shows "error in load169 -" followed by the
-// platform's description through cards::ShowMessage, and gives what was read so far
-// (the new empty list when the failure came before the split).
-KeyedList load169(const std::filesystem::path& file);
+// Reads the file as the table. A failure gives what was read so far (the new empty list
+// when it came before the split) and "error in load169 -" followed by the platform's
+// description, for the caller to show.
+cards::Checked<KeyedList> load169(const std::filesystem::path& file);
 
 // Rank of entry position 1..169: (170 - p) / 169 * 100, rounded down.
 std::int16_t RankOfPosition(int position);

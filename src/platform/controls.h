@@ -210,12 +210,4 @@ class TextBox : public QPlainTextEdit, public TwipsGeometry {
     QString text_;
 };
 
-// Gives a plain QWidget twips geometry (the tree, the browser host).
-template <typename Widget>
-class Twips : public Widget, public TwipsGeometry {
-  public:
-    template <typename... Args>
-    explicit Twips(Args&&... args) : Widget(std::forward<Args>(args)...), TwipsGeometry(this) {}
-};
-
 }  // namespace platform

@@ -2,14 +2,10 @@
 
 #include <QApplication>
 
-#include "platform/artwork.h"
+#include "artwork/artwork.h"
 #include "platform/mDefs.h"
 
 namespace platform {
-
-// Nothing yet: the lesson pane prepares what the browser engine needs when it loads it,
-// after the first paint, so that no OpenGL driver is loaded before the window shows.
-void prepareApplication() {}
 
 void configureApplication(QApplication& app) {
     app.setApplicationName(QStringLiteral("Tablewright"));

@@ -7,8 +7,9 @@
 #include <QScreen>
 #include <QUrl>
 
-#include "platform/artwork.h"
-#include "platform/cardface.h"
+#include "artwork/artwork.h"
+#include "artwork/cardface.h"
+#include "drill/palette.h"
 #include "promotion/open_url.h"
 #include "shell/frmMain.h"
 
@@ -23,9 +24,9 @@ namespace {
 constexpr const char* kSansSerif = "MS Sans Serif";
 constexpr const char* kSmallFonts = "Small Fonts";
 constexpr double kDesignPoints = 8.25;
-constexpr std::int32_t kGrey = 0xC0C0C0;
-constexpr std::int32_t kDarkGrey = 0x808080;
-constexpr std::int32_t kWhite = 0xFFFFFF;
+using palette::kDarkGrey;
+using palette::kGrey;
+using palette::kWhite;
 constexpr double kInnerWidth = 6615, kInnerHeight = 7890;
 
 // Where each seat gets its two cards face down, and the size of such a pair.

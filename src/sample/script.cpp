@@ -169,31 +169,6 @@ void playScene(frmMain& form, Scene scene) {
     }
 }
 
-void changeSeat(frmMain& form, const SeatChange& change) {
-    if (change.seat < 0)
-        return;
-    const auto seat = static_cast<std::size_t>(change.seat);
-    form.lblArray[seat]->setCaption(textOf(change.caption));
-    form.lblArray[seat]->setVisible(true);
-    if (change.cardsTaken)
-        form.picPocket[seat]->setVisible(false);
-}
-
-// The scene runs to its end first (a click served inside its waits plays the next step in
-// between); only then is this step's comment written.
-void playStep(frmMain& form, const ScriptStep& step) {
-    playScene(form, step.before);
-    form.txtComments->setText(textOf(step.comment));
-    for (std::string_view piece : step.appended) {
-        form.txtComments->setText(form.txtComments->Text() + textOf(piece));
-    }
-    changeSeat(form, step.seat);
-    if (step.offersRealGame) {
-        form.cmdNext->setCaption(QStringLiteral("Replay"));
-        form.lblEnough->setVisible(true);
-    }
-}
-
 }  // namespace
 
 void frmMain::cmdNext_Click() {
@@ -202,5 +177,22 @@ void frmMain::cmdNext_Click() {
         sampleStep = 0;
         ShowSampleGame();  // plays step 1 itself, which is then played once more below
     }
-    playStep(*this, kScript[static_cast<std::size_t>(sampleStep - 1)]);
+    // The scene runs to its end first (a click served inside its waits plays the next step
+    // in between); only then is this step's comment written.
+    const ScriptStep& step = kScript[static_cast<std::size_t>(sampleStep - 1)];
+    playScene(*this, step.before);
+    txtComments->setText(textOf(step.comment));
+    for (std::string_view piece : step.appended)
+        txtComments->setText(txtComments->Text() + textOf(piece));
+    if (step.seat.seat >= 0) {
+        const auto seat = static_cast<std::size_t>(step.seat.seat);
+        lblArray[seat]->setCaption(textOf(step.seat.caption));
+        lblArray[seat]->setVisible(true);
+        if (step.seat.cardsTaken)
+            picPocket[seat]->setVisible(false);
+    }
+    if (step.offersRealGame) {
+        cmdNext->setCaption(QStringLiteral("Replay"));
+        lblEnough->setVisible(true);
+    }
 }

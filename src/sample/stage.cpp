@@ -2,6 +2,7 @@
 // moments (deal, flop, turn, river, showdown), paced by waits that keep serving events.
 #include <cmath>
 
+#include "drill/rounding.h"
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
 
@@ -14,7 +15,7 @@ constexpr std::int32_t kBoardCardPause = 300;
 constexpr int kButtonSlide = 1300;
 
 std::int16_t roundedTwips(double twips) {
-    return static_cast<std::int16_t>(std::nearbyint(twips));
+    return static_cast<std::int16_t>(drill::rounded(twips));
 }
 
 // The bets of the round go to the pot, whose label then shows the new total.

@@ -1,8 +1,8 @@
 // Start-up, activation and the window's resizing.
 #include <QDir>
 
+#include "artwork/cardface.h"
 #include "pairs/pairs.h"
-#include "platform/cardface.h"
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
 #include "shell/topics.h"
@@ -14,7 +14,7 @@ bool showRoomOffer = false;
 void frmMain::Form_Load() {
     mDefs::showRoomOffer = false;
     QDir::setCurrent(platform::ApplicationFolder());
-    platform::cdtInit(cWidth, cHeight);
+    platform::cdtInit(state_.cWidth, state_.cHeight);
 
     TreeView1->setIndentationTwips(19 * platform::kTwipsPerPixel);
     TreeView1->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -64,6 +64,9 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::load169() {
-    pairTable = pairs::load169(
+    cards::Checked<pairs::KeyedList> loaded = pairs::load169(
         QDir(platform::ApplicationFolder()).filePath(QStringLiteral("169.txt")).toStdString());
+    if (loaded.failure)
+        platform::MsgBox(QString::fromStdString(*loaded.failure));
+    state_.pairTable = std::move(loaded.value);
 }

@@ -4,7 +4,9 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "platform/artwork.h"
+#include "artwork/artwork.h"
+#include "drill/palette.h"
+#include "drill/rounding.h"
 #include "platform/mDefs.h"
 #include "promotion/leaving.h"
 
@@ -13,7 +15,7 @@ namespace {
 constexpr double kInnerWidth = 13815, kInnerHeight = 9795;
 constexpr double kBorderWidth = 120, kBorderHeight = 405;
 int pixels(double twips) {
-    return static_cast<int>(std::nearbyint(twips / platform::kTwipsPerPixel));
+    return drill::rounded(twips / platform::kTwipsPerPixel);
 }
 }  // namespace
 
@@ -23,11 +25,8 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     setWindowIcon(platform::artwork::applicationIcon());
     setAutoFillBackground(true);
     QPalette pal = palette();
-    pal.setColor(QPalette::Window, platform::colorFromRgb(0xC0C0C0));
+    pal.setColor(QPalette::Window, platform::colorFromRgb(palette::kGrey));
     setPalette(pal);
-    // The engine's failure messages come up in the window's message box.
-    cards::SetMessageSink(
-        [](const std::string& text) { platform::MsgBox(QString::fromStdString(text)); });
     createControls();
     promotion::setEnoughTip(*lblEnough);
     connectHandlers();

@@ -1,4 +1,5 @@
-// The main window: owner of all the system's state. Its routines are implemented in the
+// The main window. The exercises' state and rules live in the drill library; the window reads
+// its events, asks the rules and shows their answers. Its routines are implemented in the
 // folder of their subsystem (shell, exercises, sample, promotion).
 #pragma once
 
@@ -8,9 +9,7 @@
 #include <cstdint>
 #include <string>
 
-#include "cards/cards.h"
-#include "cards/compare.h"
-#include "pairs/mParse.h"
+#include "drill/rules.h"
 #include "platform/controls.h"
 #include "platform/treeview.h"
 #include "platform/webbrowser.h"
@@ -41,13 +40,10 @@ class frmMain : public QWidget {
     void TreeView1_NodeClick(int nodeIndex);
     void WebBrowser1_BeforeNavigate2(const QString& url);
 
-    // ---- card keyboard, display, name list, message line ----
+    // ---- card keyboard, name list, message line ----
     void initKeys();
     void cmdKey_Click(std::int16_t Index);
     void cmdClear_Click();
-    void DrawHandOneCard(std::int16_t key);
-    void DrawHandTwoCard(std::int16_t key);
-    void HighlightHandName(std::int16_t Index);
     void lblName_MouseMove(std::int16_t Index);
     void lblName_Click(std::int16_t Index);
     void Timer1_Timer();
@@ -56,26 +52,16 @@ class frmMain : public QWidget {
     void ShowHandNamesScreen();
     void cmdStart1A_Click();
     void cmdStart1B_Click();
-    std::int16_t DealRandomHand();
     void ShowRankingsScreen();
     void cmdStart2A_Click();
     void cmdStart2B_Click();
-    std::int16_t DealSecondHand();
     void picShow_Click();
     void picLabels_Click();
     void ShowPairValueScreen();
     void cmdStart3A_Click();
     void cmdStart3B_Click();
-    std::int16_t DealRandomPair();
     void ShowBestHandScreen();
     void cmdStart4_Click();
-    void DealBoard();
-    void BoardFlushPossible();
-    void ReadBoard();
-    void ReportCategoryWinner();
-    void CompareHands();
-    std::int16_t EvaluatePokerHand(cards::Hand& hand);
-    std::int16_t PairValueKey(const cards::Hand& hand);
     void load169();
 
     // ---- the sample game ----
@@ -91,33 +77,21 @@ class frmMain : public QWidget {
     // ---- leaving the school ----
     void lblEnough_Click();
 
-    // ---- the state record ----
-    std::int32_t cWidth = 0;
-    std::int32_t cHeight = 0;
-    std::int32_t xincr = 0;
-    cards::KeyMap keyMap{};
-    cards::Hand hand1{};
-    cards::Hand hand2{};
-    cards::Deck deck{};
-    std::int16_t hand1Result = 0;
-    std::int16_t hand2Result = 0;
-    std::int16_t cardCount = 0;
-    pairs::KeyedList pairTable;
-    std::string flushAnswer;
-    bool modeNamesPick = false;
-    bool modeNamesRandom = false;
-    bool modeRanksPick = false;
-    bool modeRanksRandom = false;
-    bool modePairPick = false;
-    bool modePairRandom = false;
-    bool modeBestHand = false;
-    bool answerPending = false;
-    bool messageBlinking = false;
+    // The promotion window, made at its first use.
+    frmPacific* promotionWindow() const { return promotion_; }
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    // The exercises' state, and what the sample game and the ways out keep.
+    drill::State state_;
     std::int16_t sampleStep = 0;
     bool promoteOnClose = false;
-    // Kept by single routines from one call to the next.
-    std::int16_t lastHoverName = 0;   // lblName_MouseMove
-    std::int16_t blinkTicks = 0;      // Timer1_Timer
     std::int16_t dealerHomeLeft = 0;  // ShowSampleGame
     std::int16_t dealerHomeTop = 0;
 
@@ -166,17 +140,6 @@ class frmMain : public QWidget {
     platform::Label* lblEnough;
     std::array<platform::Label*, 9> lblArray{};
 
-    // The promotion window, made at its first use.
-    frmPacific* promotionWindow() const { return promotion_; }
-
-  protected:
-    void showEvent(QShowEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-
-  private:
     // Building the controls at their design places (frmMain_controls.cpp).
     void createControls();
     void createExercisePanel();
@@ -186,21 +149,15 @@ class frmMain : public QWidget {
     void orderTabStops();
     void connectHandlers();
 
-    // Branches of the click handlers, one per exercise.
-    void keyPressNamesPick(std::int16_t Index);
-    void keyPressRanksPick(std::int16_t Index);
-    void keyPressPairPick(std::int16_t Index);
-    void keyPressBestHand(std::int16_t Index);
-    void nameClickNamesRandom(std::int16_t Index);
-    void nameClickPairRandom(std::int16_t Index);
-
-    // Small helpers shared by the exercise routines.
-    void setAllKeysEnabled(bool enabled);
-    void setAllNamesPlain();
-    void setModeFlags(bool* runningFlag);
-    void showStartButtons(std::initializer_list<platform::CommandButton*> visible);
-    void applyVerdict(const cards::Verdict& verdict);
-    void drawCardOn(platform::PictureBox* surface, std::int16_t key);
+    // The keys and panes at their places for the window's size (initKeys).
+    void layOutKeyboard();
+    // The rules' answers put on the controls (display.cpp).
+    void applyShow(const drill::Show& show);
+    void applyLayout(const drill::Layout& layout);
+    void showStartButtons(const std::vector<drill::Start>& shown);
+    void markName(std::int16_t Index);
+    platform::PictureBox* surface(drill::Surface which) const;
+    void drawCardOn(platform::PictureBox* target, std::int32_t x, std::int16_t drawId);
     // The window's outer size in twips, borders included.
     double outerWidthTwips() const;
     double outerHeightTwips() const;

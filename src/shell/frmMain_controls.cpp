@@ -2,8 +2,10 @@
 // Children are made bottom first, so the stacking order is the design's.
 #include <QApplication>
 
-#include "platform/artwork.h"
-#include "platform/cardface.h"
+#include "artwork/artwork.h"
+#include "artwork/cardface.h"
+#include "drill/keyboard.h"
+#include "drill/palette.h"
 #include "shell/frmMain.h"
 
 using platform::CommandButton;
@@ -15,14 +17,10 @@ using platform::PictureBox;
 namespace {
 
 constexpr const char* kSansSerif = "MS Sans Serif";
-constexpr std::int32_t kGrey = 0xC0C0C0;
-constexpr std::int32_t kLightGrey = 0xE0E0E0;
-constexpr std::int32_t kGreen = 0x008000;
+using palette::kGrey;
+using palette::kLightGrey;
+constexpr std::int32_t kGreen = palette::kTableGreen;
 
-constexpr std::array<const char*, 4> kRowSuitNames{"Clubs", "Diamonds", "Spades", "Hearts"};
-constexpr std::array<const char*, 13> kColumnRankNames{"Two",   "Three", "Four", "Five", "Six",
-                                                       "Seven", "Eight", "Nine", "Ten",  "Jack",
-                                                       "Queen", "King",  "Ace"};
 constexpr std::array<double, 9> kNameTops{60, 375, 690, 990, 1290, 1575, 1875, 2175, 2475};
 constexpr std::array<const char*, 9> kNameCaptions{
     "Straight Flush",  "Four of a Kind", "Full House", "Flush",    "Straight",
@@ -97,7 +95,7 @@ void frmMain::createControls() {
     createExercisePanel();
 
     picDemo = new PictureBox(this, QStringLiteral("picDemo"), PictureBox::Border::Sunken);
-    picDemo->setBackColor(0x000000);
+    picDemo->setBackColor(palette::kBlack);
     picDemo->setGeometryTwips(3420, 180, 9720, 8760);
     picDemo->setPicture(platform::artwork::pokerTable(screenRatio()));
     picDemo->setAccessibleName(QStringLiteral("Sample poker game"));
@@ -105,6 +103,7 @@ void frmMain::createControls() {
     orderTabStops();
 
     Timer1 = new QTimer(this);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(750);
 }
 
@@ -121,8 +120,8 @@ void frmMain::createExercisePanel() {
     lblMessage = new Label(picQuiz, QStringLiteral("lblMessage"));
     lblMessage->setFont(designFont(kSansSerif, 9.75, true));
     lblMessage->setAlignment(Qt::AlignCenter);
-    lblMessage->setBackColor(0x000000);
-    lblMessage->setForeColor(0xFFFFFF);
+    lblMessage->setBackColor(palette::kBlack);
+    lblMessage->setForeColor(palette::kWhite);
     lblMessage->setCaption(QStringLiteral("Poker Hand Names"));
     lblMessage->setAnnouncesChanges(true);  // prompts and verdicts are spoken as they come
     lblMessage->setGeometryTwips(180, 1110, 4830, 240);
@@ -162,7 +161,7 @@ void frmMain::createExercisePanel() {
                                               "zcommandbutton5"};
     for (std::size_t row = 0; row < rowLabels.size(); ++row) {
         auto* label = new CommandButton(picSuits, QString::fromLatin1(rowNames[row]),
-                                        QString::fromLatin1(kRowSuitNames[row]));
+                                        QString::fromStdString(drill::keyboard::RowName(int(row))));
         label->setFont(designFont(kSansSerif, 8.25, true));
         label->setGeometryTwips(0, 435.0 * static_cast<double>(row), 1335, 435);
         label->setFocusPolicy(Qt::NoFocus);  // a row label only; nothing to do with it
@@ -174,7 +173,7 @@ void frmMain::createExercisePanel() {
     for (Frame* frame : {Frame1, Frame2}) {
         frame->setFont(designFont(kSansSerif, 9.75, true));
         QPalette pal = frame->palette();
-        pal.setColor(QPalette::WindowText, platform::colorFromRgb(0x404040));
+        pal.setColor(QPalette::WindowText, platform::colorFromRgb(palette::kFrameText));
         frame->setPalette(pal);
     }
     Frame1->setGeometryTwips(450, 6480, 3135, 1890);
@@ -211,9 +210,8 @@ void frmMain::createKeyboard() {
         key->setFont(designFont(kSansSerif, 9.75, true));
         key->setGeometryTwips(0, 0, 465, 435);
         // The caption stays the keyboard's; a screen reader says the card.
-        key->setAccessibleName(QStringLiteral("%1 of %2")
-                                   .arg(QString::fromLatin1(kColumnRankNames[index % 13]),
-                                        QString::fromLatin1(kRowSuitNames[index / 13])));
+        key->setAccessibleName(
+            QString::fromStdString(drill::keyboard::SpokenName(static_cast<std::int16_t>(index))));
         cmdKey[static_cast<std::size_t>(index)] = key;
     }
 }
@@ -224,7 +222,7 @@ void frmMain::createNameList() {
         name->setFont(designFont(kSansSerif, 9.75, true));
         name->setAlignment(Qt::AlignCenter);
         name->setBackColor(kLightGrey);
-        name->setForeColor(0x000000);
+        name->setForeColor(palette::kBlack);
         name->setBorderStyle(1);
         name->setCaption(QString::fromLatin1(kNameCaptions[i]));
         name->setGeometryTwips(165, kNameTops[i], 2850, 270);
@@ -241,7 +239,7 @@ void frmMain::createStage() {
         seat->setFont(designFont(kSansSerif, 9.75));
         seat->setAlignment(Qt::AlignCenter);
         seat->setTransparent(true);
-        seat->setForeColor(0xFFFFFF);
+        seat->setForeColor(palette::kWhite);
         seat->setCaption(i == 8 ? QStringLiteral("Pot") : QStringLiteral("50c"));
         seat->setGeometryTwips(kSeatLabelPlaces[i].left, kSeatLabelPlaces[i].top,
                                i == 8 ? 300 : 330, 240);
@@ -252,7 +250,7 @@ void frmMain::createStage() {
     lblEnough->setFont(designFont(kSansSerif, 9.75, true, true));
     lblEnough->setAlignment(Qt::AlignCenter);
     lblEnough->setTransparent(true);
-    lblEnough->setForeColor(0x00C000);
+    lblEnough->setForeColor(palette::kLinkGreen);
     lblEnough->setBorderStyle(1);
     // Sized by the caption in the font this platform has, around the design place's centre.
     lblEnough->setGeometryTwips(2520, 8280, 4845, 270);

@@ -190,17 +190,18 @@ Entries EntriesOf(const KeyedList& table) {
 // Each test reads files in a folder of its own and records the messages shown.
 class Load169 : public ::testing::Test {
   protected:
-    void SetUp() override {
-        fs::create_directories(folder_);
-        cards::SetMessageSink([this](const std::string& text) { messages_.push_back(text); });
-    }
-    void TearDown() override {
-        cards::SetMessageSink(nullptr);
-        fs::remove_all(folder_);
+    void SetUp() override { fs::create_directories(folder_); }
+    void TearDown() override { fs::remove_all(folder_); }
+    // The table read, its failure message kept.
+    KeyedList Read(const fs::path& file) {
+        cards::Checked<KeyedList> loaded = load169(file);
+        if (loaded.failure)
+            messages_.push_back(*loaded.failure);
+        return std::move(loaded.value);
     }
     Entries Load(const std::string& bytes) {
         std::ofstream(folder_ / "169.txt", std::ios::binary) << bytes;
-        return EntriesOf(load169(folder_ / "169.txt"));
+        return EntriesOf(Read(folder_ / "169.txt"));
     }
 
     const fs::path folder_ =
@@ -226,14 +227,14 @@ TEST_F(Load169, LineEndsAndCommasSeparateAlikeAndAllElseIsKept) {
 
 TEST_F(Load169, AFileThatCannotBeReadShowsTheMessageOnce) {
     fs::create_directory(folder_ / "folder");
-    EXPECT_EQ(load169(folder_ / "absent.txt").Count() + load169(folder_ / "folder").Count(), 0u);
+    EXPECT_EQ(Read(folder_ / "absent.txt").Count() + Read(folder_ / "folder").Count(), 0u);
     EXPECT_EQ(messages_, (Entries{"error in load169 -No such file or directory",
                                   "error in load169 -Is a directory"}));
 }
 
 // The committed table: every type once, AA first, and ranks that make sense at the table.
 TEST_F(Load169, TheCommittedFileHoldsEveryKeyOnce) {
-    const KeyedList table = load169(TABLEWRIGHT_169_FILE);
+    const KeyedList table = Read(TABLEWRIGHT_169_FILE);
     Entries entries = EntriesOf(table), all = EntriesOf(Table());
     ASSERT_EQ(entries.front(), "AA");
     std::sort(entries.begin(), entries.end());

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QTest>
 
+#include "platform/treeview.h"
 #include "platform/webbrowser.h"
 #include "support/folders.h"
 
@@ -20,15 +21,6 @@ QApplication& app() {
         return a;
     }();
     return *application;
-}
-
-float ScriptedRandom::Rnd() {
-    if (!script.empty()) {
-        const float u = script.front();
-        script.pop_front();
-        return u;
-    }
-    return std::uniform_real_distribution<float>(0.0f, 0.99999994f)(engine_);
 }
 
 void WindowTest::SetUp() {
@@ -65,8 +57,9 @@ void WindowTest::startWindow() {
 }
 
 void WindowTest::clickTopic(const QString& text) {
-    for (int index = 1; index <= form->TreeView1->nodeCount(); ++index) {
-        if (form->TreeView1->nodeText(index) == text) {
+    const auto* tree = child<platform::TreeView>(QStringLiteral("TreeView1"));
+    for (int index = 1; index <= tree->nodeCount(); ++index) {
+        if (tree->nodeText(index) == text) {
             form->TreeView1_NodeClick(index);
             return;
         }
@@ -81,19 +74,18 @@ void WindowTest::serveEvents(int milliseconds) {
 }
 
 int WindowTest::markedName() const {
-    for (std::size_t i = 0; i < form->lblName.size(); ++i) {
-        if (form->lblName[i]->BackColor() == 0 && form->lblName[i]->ForeColor() == 0xE0E0E0) {
-            return static_cast<int>(i);
-        }
+    for (int i = 0; i < 9; ++i) {
+        if (name(i)->BackColor() == 0 && name(i)->ForeColor() == 0xE0E0E0)
+            return i;
     }
     return -1;
 }
 
 std::vector<int> WindowTest::enabledKeys() const {
     std::vector<int> keys;
-    for (std::size_t i = 0; i < form->cmdKey.size(); ++i) {
-        if (form->cmdKey[i]->isEnabledTo(form->picKeys))
-            keys.push_back(static_cast<int>(i));
+    for (int i = 0; i < 52; ++i) {
+        if (key(i)->isEnabledTo(key(i)->parentWidget()))
+            keys.push_back(i);
     }
     return keys;
 }

@@ -8,30 +8,19 @@
 #include <QApplication>
 #include <QString>
 #include <QTemporaryDir>
-#include <deque>
 #include <memory>
-#include <random>
 #include <vector>
 
 #include "platform/mDefs.h"
 #include "shell/frmMain.h"
+#include "support/scripted_random.h"
 
 namespace test_support {
 
 // The one application object of the test process (offscreen platform).
 QApplication& app();
 
-class ScriptedRandom final : public cards::RandomSource {
-  public:
-    explicit ScriptedRandom(std::uint32_t seed = 12345) : engine_(seed) {}
-    void Randomize() override { ++reseeds; }
-    float Rnd() override;
-    std::deque<float> script;  // played first, then the seeded engine
-    int reseeds = 0;
-
-  private:
-    std::mt19937 engine_;
-};
+using test_support::ScriptedRandom;
 
 struct Recorder {
     std::vector<QString> messages;
@@ -57,8 +46,21 @@ class WindowTest : public ::testing::Test {
     static void serveEvents(int milliseconds = 0);
     // The label row (0..8) whose look is "marked", or -1.
     int markedName() const;
-    // True when exactly these keys are enabled.
+    // The keys a user can press.
     std::vector<int> enabledKeys() const;
+    // A control of the window by its name, as a user's tools find it.
+    template <typename Control = QWidget>
+    Control* child(const QString& name) const {
+        auto* control = form->findChild<Control*>(name);
+        EXPECT_NE(control, nullptr) << "no control " << name.toStdString();
+        return control;
+    }
+    platform::CommandButton* key(int index) const {
+        return child<platform::CommandButton>(QStringLiteral("cmdKey(%1)").arg(index));
+    }
+    platform::Label* name(int index) const {
+        return child<platform::Label>(QStringLiteral("lblName(%1)").arg(index));
+    }
 
     std::unique_ptr<frmMain> form;
     Recorder recorded;

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/artwork.h"
+#include "artwork/artwork.h"
 
 namespace {
 

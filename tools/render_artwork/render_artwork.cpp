@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <functional>
 
-#include "platform/artwork.h"
-#include "platform/cardface.h"
+#include "artwork/artwork.h"
+#include "artwork/cardface.h"
 
 namespace {
 

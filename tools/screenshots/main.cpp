@@ -31,9 +31,10 @@ void saveWindowInstead(QWidget* window) {
 }
 
 void clickTopic(frmMain& form, const QString& text) {
-    for (int index = 1; index <= form.TreeView1->nodeCount(); ++index) {
-        if (form.TreeView1->nodeText(index) == text) {
-            form.TreeView1->setSelected(index);
+    auto* tree = control<platform::TreeView>(form, QStringLiteral("TreeView1"));
+    for (int index = 1; index <= tree->nodeCount(); ++index) {
+        if (tree->nodeText(index) == text) {
+            tree->setSelected(index);
             form.TreeView1_NodeClick(index);
             return;
         }
@@ -58,7 +59,6 @@ class SeededRandom final : public cards::RandomSource {
 }  // namespace screenshots
 
 int main(int argc, char* argv[]) {
-    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     // Absolute now: the window's start-up changes the working folder.

@@ -26,6 +26,11 @@ struct Register {
 void settle(int milliseconds);
 // A click on the tree entry with this text.
 void clickTopic(frmMain& form, const QString& text);
+// A control of the main window by its name.
+template <typename Control = QWidget>
+Control* control(const frmMain& form, const QString& name) {
+    return form.findChild<Control*>(name);
+}
 // Saves this window, rather than the main window, for the scene now playing.
 void saveWindowInstead(QWidget* window);
 

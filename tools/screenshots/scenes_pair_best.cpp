@@ -4,14 +4,15 @@
 namespace {
 
 void press(frmMain& form, int key) {
-    form.cmdKey[static_cast<std::size_t>(key)]->click();
+    screenshots::control<QPushButton>(form, QStringLiteral("cmdKey(%1)").arg(key))->click();
     screenshots::settle(150);
 }
 
 // The first key of the keyboard that is open, from `from` on.
 int firstOpenKey(const frmMain& form, int from) {
     for (int key = from; key < 52; ++key) {
-        if (form.cmdKey[static_cast<std::size_t>(key)]->isEnabled()) {
+        if (screenshots::control<QPushButton>(form, QStringLiteral("cmdKey(%1)").arg(key))
+                ->isEnabled()) {
             return key;
         }
     }
@@ -21,7 +22,7 @@ int firstOpenKey(const frmMain& form, int from) {
 screenshots::Register pairValue("pair_value", [](frmMain& form) {
     screenshots::clickTopic(form, QStringLiteral("Starting Pair Awareness"));
     screenshots::settle(200);
-    form.cmdStart3A->click();
+    screenshots::control<QPushButton>(form, QStringLiteral("cmdStart3A"))->click();
     press(form, 38);  // ace of spades
     press(form, 35);  // jack of spades
 });
@@ -29,7 +30,7 @@ screenshots::Register pairValue("pair_value", [](frmMain& form) {
 screenshots::Register bestHand("best_hand", [](frmMain& form) {
     screenshots::clickTopic(form, QStringLiteral("Best Hand Recognition"));
     screenshots::settle(200);
-    form.cmdStart4->click();
+    screenshots::control<QPushButton>(form, QStringLiteral("cmdStart4"))->click();
     screenshots::settle(150);
     const int first = firstOpenKey(form, 20);
     press(form, first);

@@ -6,8 +6,8 @@ namespace {
 
 void playSampleTo(frmMain& form, int step) {
     screenshots::clickTopic(form, QStringLiteral("Sample Poker Game"));
-    while (form.sampleStep < step)
-        form.cmdNext->click();
+    for (int shown = 1; shown < step; ++shown)  // the hand opens on its first step
+        screenshots::control<QPushButton>(form, QStringLiteral("cmdNext"))->click();
 }
 
 screenshots::Register afterDeal("sample_step03", [](frmMain& form) { playSampleTo(form, 3); });

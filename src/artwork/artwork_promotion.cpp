@@ -4,9 +4,9 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/artwork.h"
-#include "platform/artwork_detail.h"
-#include "platform/cardface.h"
+#include "artwork/artwork.h"
+#include "artwork/artwork_detail.h"
+#include "artwork/cardface.h"
 
 namespace platform::artwork {
 namespace {

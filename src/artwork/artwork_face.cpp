@@ -5,8 +5,8 @@
 #include <array>
 #include <span>
 
-#include "platform/artwork_detail.h"
-#include "platform/cardface.h"
+#include "artwork/artwork_detail.h"
+#include "artwork/cardface.h"
 
 namespace platform::artwork::detail {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/artwork_detail.h"
+#include "artwork/artwork_detail.h"
 
 namespace platform::artwork::detail {
 namespace {

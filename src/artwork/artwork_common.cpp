@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "platform/artwork_detail.h"
+#include "artwork/artwork_detail.h"
 
 namespace platform::artwork::detail {
 namespace {

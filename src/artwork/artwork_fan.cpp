@@ -1,6 +1,6 @@
 // Two cards fanned: the face-down pairs in front of the players and the face-up pairs.
-#include "platform/artwork_detail.h"
-#include "platform/cardface.h"
+#include "artwork/artwork_detail.h"
+#include "artwork/cardface.h"
 
 namespace platform::artwork::detail {
 namespace {

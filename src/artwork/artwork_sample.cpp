@@ -2,9 +2,9 @@
 // fanned pairs of the showdown and the dealer button.
 #include <array>
 
-#include "platform/artwork.h"
-#include "platform/artwork_detail.h"
-#include "platform/cardface.h"
+#include "artwork/artwork.h"
+#include "artwork/artwork_detail.h"
+#include "artwork/cardface.h"
 
 namespace platform::artwork {
 namespace {

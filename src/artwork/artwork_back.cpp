@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/artwork_detail.h"
-#include "platform/cardface.h"
+#include "artwork/artwork_detail.h"
+#include "artwork/cardface.h"
 
 namespace platform {
 namespace {

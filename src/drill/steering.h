@@ -9,7 +9,7 @@
 
 #include "cards/cards.h"
 
-namespace steering {
+namespace drill::steering {
 
 // A set of HandCategory codes (2..20), one bit per code.
 using CategorySet = std::uint32_t;
@@ -57,4 +57,4 @@ void dealSteered(const Table& table, int row, Deal&& deal) {
         category = deal();
 }
 
-}  // namespace steering
+}  // namespace drill::steering

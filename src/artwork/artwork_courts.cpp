@@ -1,6 +1,6 @@
 // Jacks, queens and kings: a framed panel holding a stylised bust, drawn twice head to toe
 // as on real court cards. Each half is laid out in a 42 x 38 box of card units.
-#include "platform/artwork_detail.h"
+#include "artwork/artwork_detail.h"
 
 namespace platform::artwork::detail {
 namespace {

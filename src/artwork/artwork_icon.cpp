@@ -2,8 +2,8 @@
 // Below 32 pixels a single card stands alone, since two would blur into one.
 #include <array>
 
-#include "platform/artwork.h"
-#include "platform/artwork_detail.h"
+#include "artwork/artwork.h"
+#include "artwork/artwork_detail.h"
 
 namespace platform::artwork {
 namespace {

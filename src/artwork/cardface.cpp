@@ -1,12 +1,13 @@
 // The card library: the natural card size, faces by draw id, a cache of rendered faces,
 // and card names.
-#include "platform/cardface.h"
+#include "artwork/cardface.h"
 
 #include <array>
 #include <map>
 #include <tuple>
 
-#include "platform/artwork_detail.h"
+#include "artwork/artwork_detail.h"
+#include "cards/cards.h"
 
 namespace platform {
 namespace {
@@ -96,16 +97,10 @@ void paintCardFace(QPainter& painter, const QRectF& target, int drawId) {
 }
 
 QString cardName(int drawId) {
-    static constexpr std::array<const char*, 13> kRanks{"Ace",  "Two",   "Three", "Four", "Five",
-                                                        "Six",  "Seven", "Eight", "Nine", "Ten",
-                                                        "Jack", "Queen", "King"};
-    static constexpr std::array<const char*, 4> kSuits{"Clubs", "Diamonds", "Hearts", "Spades"};
     if (!detail::isValidDrawId(drawId)) {
         return {};
     }
-    return QStringLiteral("%1 of %2")
-        .arg(QLatin1String(kRanks.at(static_cast<std::size_t>(drawId / 4))),
-             QLatin1String(kSuits.at(static_cast<std::size_t>(drawId % 4))));
+    return QString::fromStdString(cards::CardName(static_cast<std::int16_t>(drawId)));
 }
 
 }  // namespace platform
