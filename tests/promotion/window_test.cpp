@@ -152,10 +152,15 @@ TEST_F(PromotionTest, TheWindowsAndTheLastStepNameTheRoomTheBuildGives) {
     EXPECT_TRUE(school.Label44->text().startsWith("Play poker online with real people for FREE."));
 
     clickTopic("Sample Poker Game");
-    while (form->sampleStep < 34)
+    // The last step turns Next into Replay.
+    auto* next = form->findChild<platform::CommandButton*>(QStringLiteral("cmdNext"));
+    ASSERT_NE(next, nullptr);
+    for (int step = 1; step < 34 && next->caption() != QLatin1String("Replay"); ++step)
         form->cmdNext_Click();
-    EXPECT_TRUE(form->txtComments->Text().startsWith("Ready to play poker online ? \r\n" + name +
-                                                     " has free games,\r\nfree $1000 "));
+    auto* comments = form->findChild<platform::TextBox*>(QStringLiteral("txtComments"));
+    ASSERT_NE(comments, nullptr);
+    EXPECT_TRUE(comments->Text().startsWith("Ready to play poker online ? \r\n" + name +
+                                            " has free games,\r\nfree $1000 "));
 }
 
 }  // namespace

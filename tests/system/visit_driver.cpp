@@ -273,7 +273,6 @@ class Reporter : public QObject {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     platform::setApplicationFolder(QStringLiteral(TABLEWRIGHT_APP_DIR));
