@@ -101,15 +101,6 @@ void frmMain::changeEvent(QEvent* event) {
         Form_Resize();
 }
 
-void frmMain::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
-    if (!firstPaintDone_) {
-        firstPaintDone_ = true;
-        // The lesson pane's engine loads once the window is on the screen.
-        QTimer::singleShot(0, WebBrowser1, &platform::WebBrowser::startPane);
-    }
-}
-
 void frmMain::closeEvent(QCloseEvent* event) {
     if (unloaded_) {
         event->accept();

@@ -10,10 +10,10 @@
 
 #include "cards/cards.h"
 #include "cards/compare.h"
+#include "lessonpane/webbrowser.h"
 #include "pairs/mParse.h"
 #include "platform/controls.h"
 #include "platform/treeview.h"
-#include "platform/webbrowser.h"
 
 class frmPacific;
 
@@ -174,7 +174,6 @@ class frmMain : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
   private:
     // Building the controls at their design places (frmMain_controls.cpp).
@@ -207,5 +206,4 @@ class frmMain : public QWidget {
     frmPacific* promotion_ = nullptr;
     bool unloaded_ = false;
     bool inQueryUnload_ = false;
-    bool firstPaintDone_ = false;
 };

@@ -13,7 +13,7 @@
 #include <memory>
 
 #include "platform/mDefs.h"
-#include "platform/webbrowser.h"
+#include "lessonpane/webbrowser.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QTest>
 
-#include "platform/webbrowser.h"
+#include "lessonpane/webbrowser.h"
 #include "support/folders.h"
 
 namespace test_support {

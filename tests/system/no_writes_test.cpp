@@ -227,8 +227,6 @@ TEST_F(NoWritesTest, AWholeVisitWritesNothing) {
         std::printf("[ figure   ] %s\n", qPrintable(line));
     ASSERT_EQ(run.exitCode(), 0) << run.errors().toStdString();
     // Every entry, every page, the seven Start buttons, the sample hand to its last step.
-    EXPECT_TRUE(said.contains(QStringLiteral("visit: lesson pane engine")) ||
-                !system_test::engineModuleBuilt());
     const auto tally =
         QRegularExpression(
             QStringLiteral(R"(^visit: 34 entries, (\d+) pages, 7 rounds, (\d+) keys, )"

@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int kEngineMs = 60'000;   // the browser engine loads late on a loaded machine
 constexpr int kPageMs = 400;        // a lesson page loading and painting
 constexpr int kAnswerMs = 1200;     // a verdict shown and its message blinking
 constexpr int kPromotionMs = 3000;  // the promotion's animation inside its waits
@@ -100,25 +99,11 @@ void playSampleToTheEnd(frmMain& form) {
     }
 }
 
-// The text pane shows first; the engine takes over once its first page is in, where the
-// engine module is there beside the program.
-bool waitForEngine(const frmMain& form) {
-    if (!QFileInfo::exists(platform::AppPath(QStringLiteral("\\tablewright_webpane.so"))))
-        return false;
-    for (int waited = 0; waited < kEngineMs; waited += 100) {
-        if (form.WebBrowser1->backend() == platform::WebBrowser::Backend::Engine)
-            return true;
-        settle(100);
-    }
-    return false;
-}
-
 bool g_messageShown = false;
 
 void visit(frmMain& form) {
     if (g_messageShown)
         return giveUp(3, "a message box opened at start-up");
-    std::fprintf(stderr, "visit: lesson pane %s\n", waitForEngine(form) ? "engine" : "text");
     Tally tally;
     for (int node = 1; node <= form.TreeView1->nodeCount() && !platform::programEnding(); ++node) {
         form.TreeView1->setSelected(node);

@@ -1,18 +1,23 @@
-// The browser-engine lesson pane, built as a module so that the program's window is on
-// the screen before the engine's large libraries are loaded.
+// The browser-engine lesson pane, built as a module: its large libraries are loaded only
+// when the pane is first asked for a page on the web.
+#include <QCoreApplication>
 #include <QPointer>
 #include <QQuickWindow>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineSettings>
 #include <QWebEngineView>
 #include <memory>
 
-#include "platform/webpane.h"
+#include "lessonpane/webpane.h"
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace {
 
-// Every navigation goes ahead; those the page starts by itself are told to the host first.
+// Every navigation goes ahead; those the page starts by itself are told to the host first,
+// which may show them in its other pane instead.
 class LessonPage final : public QWebEnginePage {
   public:
     using QWebEnginePage::QWebEnginePage;
@@ -24,9 +29,7 @@ class LessonPage final : public QWebEnginePage {
         // navigation already told.
         const bool startedByPage = type != NavigationTypeTyped && type != NavigationTypeReload &&
                                    type != NavigationTypeRedirect;
-        if (isMainFrame && startedByPage && observer)
-            observer(url);
-        return true;
+        return !(isMainFrame && startedByPage && observer) || observer(url);
     }
 };
 
@@ -53,11 +56,6 @@ class EnginePane final : public platform::WebPane {
         view_->setObjectName(QStringLiteral("lessonEnginePane"));
         view_->setAccessibleName(QStringLiteral("Lesson"));
         view_->setContextMenuPolicy(Qt::NoContextMenu);
-        view_->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
-        QObject::connect(view_, &QWebEngineView::loadFinished, view_, [this] {
-            if (const LoadObserver observer = loadObserver_)
-                observer();
-        });
     }
     // The page must go before its profile.
     ~EnginePane() override { delete view_; }
@@ -67,21 +65,43 @@ class EnginePane final : public platform::WebPane {
     void setNavigationObserver(NavigationObserver observer) override {
         page_->observer = std::move(observer);
     }
-    void setLoadObserver(LoadObserver observer) override { loadObserver_ = std::move(observer); }
 
   private:
     std::unique_ptr<QWebEngineProfile> profile_;
     QPointer<LessonView> view_;  // owned by the parent widget, or by this pane at its end
     QPointer<LessonPage> page_;  // owned by the view
-    LoadObserver loadObserver_;
 };
+
+void allowEngineAsRoot() {
+#ifdef Q_OS_UNIX
+    // Chromium refuses to run its sandbox as root (as in CI containers).
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+#endif
+}
+
+// The pane draws in software: OpenGL in the main window would make Qt re-create the window
+// (it blinks off and on). Asked what the platform can do, Qt's X11 OpenGL integration would
+// load the OpenGL driver and Mesa would start its shader cache under ~/.cache; the program
+// writes nothing.
+void keepOpenGLAway() {
+    if (qEnvironmentVariableIsEmpty("QT_XCB_GL_INTEGRATION"))
+        qputenv("QT_XCB_GL_INTEGRATION", "none");
+    qputenv("MESA_SHADER_CACHE_DISABLE", "true");
+    QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
+    if (QQuickWindow::graphicsApi() != QSGRendererInterface::Software)
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+// Set before the engine's first page, when the engine starts.
+void prepareEngine() {
+    allowEngineAsRoot();
+    keepOpenGLAway();
+}
 
 }  // namespace
 
 extern "C" Q_DECL_EXPORT platform::WebPane* tablewright_create_web_pane(QWidget* parent) {
-    // Software drawing: OpenGL in the main window would make Qt re-create the window
-    // (it blinks off and on), and the engine has no context to share (see the host).
-    if (QQuickWindow::graphicsApi() != QSGRendererInterface::Software)
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    prepareEngine();
     return new EnginePane(parent);
 }
