@@ -1,6 +1,7 @@
 // The browser-engine lesson pane, built as a module: its large libraries are loaded only
 // when the pane is first asked for a page on the web.
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QPointer>
 #include <QQuickWindow>
 #include <QWebEnginePage>
@@ -72,36 +73,41 @@ class EnginePane final : public platform::WebPane {
     QPointer<LessonPage> page_;  // owned by the view
 };
 
+void addEngineFlags(const QByteArray& flags) {
+    const QByteArray set = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", set.isEmpty() ? flags : set + ' ' + flags);
+}
+
 void allowEngineAsRoot() {
 #ifdef Q_OS_UNIX
     // Chromium refuses to run its sandbox as root (as in CI containers).
     if (geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+        addEngineFlags("--no-sandbox");
 #endif
 }
 
 // The pane draws in software: OpenGL in the main window would make Qt re-create the window
-// (it blinks off and on). Asked what the platform can do, Qt's X11 OpenGL integration would
-// load the OpenGL driver and Mesa would start its shader cache under ~/.cache; the program
-// writes nothing.
-void keepOpenGLAway() {
-    if (qEnvironmentVariableIsEmpty("QT_XCB_GL_INTEGRATION"))
-        qputenv("QT_XCB_GL_INTEGRATION", "none");
+// (it blinks off and on), and the program has no OpenGL integration (see its start-up).
+void drawInSoftware() {
     qputenv("MESA_SHADER_CACHE_DISABLE", "true");
     QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
-    if (QQuickWindow::graphicsApi() != QSGRendererInterface::Software)
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-// Set before the engine's first page, when the engine starts.
+// Set once, before the engine's first page, when the engine starts. Chromium's own log goes to
+// the terminal; only its fatal errors are kept.
 void prepareEngine() {
+    addEngineFlags("--log-level=3");
+    // The engine's report of its graphics set-up, at each start.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.info=false"));
     allowEngineAsRoot();
-    keepOpenGLAway();
+    drawInSoftware();
 }
 
 }  // namespace
 
 extern "C" Q_DECL_EXPORT platform::WebPane* tablewright_create_web_pane(QWidget* parent) {
-    prepareEngine();
+    static const bool prepared = (prepareEngine(), true);
+    Q_UNUSED(prepared);
     return new EnginePane(parent);
 }
