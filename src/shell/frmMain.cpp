@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "platform/artwork.h"
 #include "platform/mDefs.h"
 #include "promotion/leaving.h"
 
@@ -20,7 +19,6 @@ int pixels(double twips) {
 frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tablewright.."));
-    setWindowIcon(platform::artwork::applicationIcon());
     setAutoFillBackground(true);
     QPalette pal = palette();
     pal.setColor(QPalette::Window, platform::colorFromRgb(0xC0C0C0));
