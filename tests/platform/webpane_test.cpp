@@ -138,6 +138,10 @@ TEST_F(PaneTest, NativePaneShowsLessonsFollowsLinksAndSaysWhatItCannotShow) {
     writeFile(page, "<title>Changed</title>");
     browser->Navigate2(page);
     EXPECT_EQ(shownTitle(), "Changed");
+    // Broken markup shows as the reader makes it out.
+    writeFile(page, "<h1>Broken</h2><aside class=tip><span class=\"card h\">A&hearts; <table><td>");
+    browser->Navigate2(page);
+    EXPECT_TRUE(text()->toPlainText().contains("Broken"));
 }
 
 // Answers every request on 127.0.0.1 with one page.

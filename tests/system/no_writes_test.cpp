@@ -201,10 +201,6 @@ TEST_F(NoWritesTest, TheProgramStartedAndLeftThroughThePromotionWritesNothing) {
     ASSERT_TRUE(run.started());
     const unsigned long mainWindow = server.waitForWindow(kMainTitle, kAppearMs);
     ASSERT_NE(mainWindow, 0u) << "the main window did not come up";
-    if (system_test::engineModuleBuilt()) {
-        ASSERT_TRUE(run.waitForLibrary(system_test::kEngineModule, kAppearMs));
-        QThread::msleep(2000);  // the engine's first page
-    }
     server.requestClose(mainWindow);
     const unsigned long promotion = server.waitForWindow(kPromotionTitle, kAppearMs);
     ASSERT_NE(promotion, 0u) << "no promotion window";
