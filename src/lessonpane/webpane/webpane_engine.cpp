@@ -32,6 +32,9 @@ class LessonPage final : public QWebEnginePage {
                                    type != NavigationTypeRedirect;
         return !(isMainFrame && startedByPage && observer) || observer(url);
     }
+    // What a page says on its script console is the page's business, not the terminal's.
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
+                                  const QString&) override {}
 };
 
 // A link or script that asks for a new window opens its page in the pane itself: the
