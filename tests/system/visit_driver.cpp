@@ -24,7 +24,6 @@
 
 namespace {
 
-constexpr int kEngineMs = 60'000;   // the browser engine loads late on a loaded machine
 constexpr int kPageMs = 400;        // a lesson page loading and painting
 constexpr int kAnswerMs = 1200;     // a verdict shown and its message blinking
 constexpr int kPromotionMs = 3000;  // the promotion's animation inside its waits
@@ -129,20 +128,6 @@ int playSampleToTheEnd(frmMain& form) {
     return step;
 }
 
-// The text pane shows first; the engine takes over once its first page is in, where the
-// engine module is there beside the program.
-bool waitForEngine(const frmMain& form) {
-    if (!QFileInfo::exists(platform::AppPath(QStringLiteral("\\tablewright_webpane.so"))))
-        return false;
-    const auto* browser = control<platform::WebBrowser>(form, QStringLiteral("WebBrowser1"));
-    for (int waited = 0; browser != nullptr && waited < kEngineMs; waited += 100) {
-        if (browser->backend() == platform::WebBrowser::Backend::Engine)
-            return true;
-        settle(100);
-    }
-    return false;
-}
-
 QWidget* promotionWindow() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->windowTitle() == kPromotionTitle && window->isVisible())
@@ -156,7 +141,6 @@ bool g_messageShown = false;
 void visit(frmMain& form) {
     if (g_messageShown)
         return giveUp(3, "a message box opened at start-up");
-    std::fprintf(stderr, "visit: lesson pane %s\n", waitForEngine(form) ? "engine" : "text");
     auto* tree = control<platform::TreeView>(form, QStringLiteral("TreeView1"));
     if (tree == nullptr)
         return giveUp(5, "no tree");
@@ -273,6 +257,7 @@ class Reporter : public QObject {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     platform::setApplicationFolder(QStringLiteral(TABLEWRIGHT_APP_DIR));
