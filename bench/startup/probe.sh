@@ -26,6 +26,11 @@
 # Needs the targets tablewright, tablewright_webpane, tablewright_app_files and
 # startup_floor (which brings startup_watch) built in that folder, and xdotool.
 set -euo pipefail
+# A desktop has a session bus; without one, Qt would have dbus-launch start one and write
+# under ~/.dbus, which no user's run does.
+if [[ -z ${DBUS_SESSION_BUS_ADDRESS:-} ]] && command -v dbus-run-session >/dev/null; then
+  exec dbus-run-session -- bash "$0" "$@"
+fi
 
 runs=5
 while getopts n: option; do
