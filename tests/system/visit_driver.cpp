@@ -142,18 +142,8 @@ bool engineTookOverIfThere(const frmMain& form) {
     return false;
 }
 
-QWidget* promotionWindow() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->windowTitle() == kPromotionTitle && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
-
-bool g_messageShown = false;
-
 void visit(frmMain& form) {
-    if (g_messageShown)
+    if (platform::programEnding())  // ended before its event loop ran
         return giveUp(3, "a message box opened at start-up");
     if (!engineTookOverIfThere(form))
         return giveUp(6, "the browser engine never showed a page");
@@ -181,10 +171,11 @@ void visit(frmMain& form) {
 
     // The user closes the window; the promotion takes its place and is closed in turn.
     QTimer::singleShot(kPromotionMs, &form, [] {
-        QWidget* promotion = promotionWindow();
-        if (promotion == nullptr)
-            return giveUp(4, "no promotion window");
-        promotion->close();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->windowTitle() == kPromotionTitle && window->isVisible())
+                return (void)window->close();
+        }
+        giveUp(4, "no promotion window");
     });
     form.close();
 }
@@ -255,7 +246,6 @@ int main(int argc, char* argv[]) {
         // visit.
         platform::seams().messageBox = [](const QString& text) {
             std::fprintf(stderr, "visit: message box: %s\n", qPrintable(text));
-            g_messageShown = true;
             platform::EndProgram(3);
         };
     }

@@ -363,7 +363,8 @@ QStringList ProgramRun::unexpectedErrorLines() const {
     return unexpected;
 }
 
-QStringList ProgramRun::openedAddresses() const {
+QStringList ProgramRun::openedAddresses(int timeoutMs) const {
+    pollUntil(timeoutMs, [this] { return QFile::exists(file("opened.txt")); });
     return contentsOf(file("opened.txt")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 

@@ -125,8 +125,9 @@ class ProgramRun {
     // Polls what the program has written on stderr so far until a line matches; the match,
     // with no match when none came in time.
     QRegularExpressionMatch waitForErrorLine(const QRegularExpression& line, int timeoutMs) const;
-    // The addresses handed to the desktop's URL opener so far.
-    QStringList openedAddresses() const;
+    // The addresses handed to the desktop's URL opener, waiting up to `timeoutMs` for the
+    // first: the opener is started and not waited for, and may write after the program ended.
+    QStringList openedAddresses(int timeoutMs = 0) const;
 
   private:
     QString file(const char* name) const;
