@@ -26,8 +26,7 @@ std::vector<QRegularExpression> allowancesFor(const QString& runtimeFolder) {
         QRegularExpression(QStringLiteral(R"(^/proc/(\d+|self)/oom_score_adj$)")),
         // The sound client's folder in the session's runtime folder, which is in memory and
         // goes at logout; a desktop session has made it already.
-        QRegularExpression(QStringLiteral("^") + QRegularExpression::escape(runtimeFolder) +
-                           QStringLiteral("/pulse(/|$)")),
+        QRegularExpression("^" + QRegularExpression::escape(runtimeFolder) + "/pulse(/|$)"),
     };
 }
 
@@ -64,23 +63,21 @@ QStringList changesIn(const QString& line) {
 TEST(NoWritesTest, AWholeVisitWritesNothing) {
     system_test::startApplication();
     QProcess probe;
-    probe.start(QStringLiteral(STRACE_PROGRAM),
-                {QStringLiteral("-o"), QStringLiteral("/dev/null"), QStringLiteral("/bin/true")});
+    probe.start(QStringLiteral(STRACE_PROGRAM), {"-o", "/dev/null", "/bin/true"});
     if (!probe.waitForFinished(10'000) || probe.exitCode() != 0)
         GTEST_SKIP() << "this machine lets no process be traced";
     system_test::DesktopSession desktop;
     ASSERT_TRUE(desktop.running()) << "Xvfb or the session bus did not start";
     QTemporaryDir traces, home;
     QProcessEnvironment environment;
-    environment.insert(QStringLiteral("HOME"), home.path());
+    environment.insert("HOME", home.path());
     // Where strace's own tracing stops a sanitizer's leak check from working.
-    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
-    const auto run = desktop.startProgram(
-        {QStringLiteral("-f"), QStringLiteral("-ff"), QStringLiteral("-qq"), QStringLiteral("-z"),
-         QStringLiteral("-y"), QStringLiteral("-s"), QStringLiteral("4096"), QStringLiteral("-e"),
-         QStringLiteral("trace=") + QLatin1String(kChangingCalls), QStringLiteral("-o"),
-         traces.filePath(QStringLiteral("trace")), QStringLiteral(VISIT_DRIVER_PROGRAM)},
-        environment, QStringLiteral(STRACE_PROGRAM));
+    environment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    const auto run =
+        desktop.startProgram({"-f", "-ff", "-qq", "-z", "-y", "-s", "4096", "-e",
+                              "trace=" + QLatin1String(kChangingCalls), "-o",
+                              traces.filePath("trace"), QStringLiteral(VISIT_DRIVER_PROGRAM)},
+                             environment, QStringLiteral(STRACE_PROGRAM));
     ASSERT_TRUE(run->started());
     ASSERT_GE(run->waitForExit(kVisitMs), 0) << "the visit did not end";
     // The driver ends with another code when a part of the visit could not be made.
@@ -89,7 +86,7 @@ TEST(NoWritesTest, AWholeVisitWritesNothing) {
     const auto allowances = allowancesFor(desktop.runtimeFolder());
     QStringList notAllowed;
     int logs = 0;
-    for (QDirIterator it(traces.path(), {QStringLiteral("trace.*")}, QDir::Files); it.hasNext();) {
+    for (QDirIterator it(traces.path(), {"trace.*"}, QDir::Files); it.hasNext();) {
         QFile log(it.next());
         ASSERT_TRUE(log.open(QIODevice::ReadOnly));
         ++logs;

@@ -92,38 +92,37 @@ finally:
 
 TEST(ScreenReader, HearsEachNewPromptOfTheMessageLine) {
     system_test::startApplication();
-    const QString python = QStringLiteral("/usr/bin/python3");
-    if (QProcess::execute(python, {QStringLiteral("-c"),
-                                   QStringLiteral("import gi; gi.require_version('Atspi', "
-                                                  "'2.0'); from gi.repository import Atspi")}) != 0)
+    const QString python = "/usr/bin/python3";
+    if (QProcess::execute(python,
+                          {"-c", QStringLiteral("import gi; gi.require_version('Atspi', "
+                                                "'2.0'); from gi.repository import Atspi")}) != 0)
         GTEST_SKIP() << "needs python3 with the AT-SPI bindings";
     system_test::DesktopSession desktop;
     ASSERT_TRUE(desktop.running()) << "Xvfb or the session bus did not start";
     QTemporaryDir folder;
-    QFile script(folder.filePath(QStringLiteral("listener.py")));
+    QFile script(folder.filePath("listener.py"));
     ASSERT_TRUE(script.open(QIODevice::WriteOnly));
     script.write(kListener);
     script.close();
 
     // The accessibility bus is the one this desktop's bus starts, not one of the test's own.
     QProcessEnvironment noOtherBus;
-    noOtherBus.insert(QStringLiteral("AT_SPI_BUS_ADDRESS"), {});
+    noOtherBus.insert("AT_SPI_BUS_ADDRESS", {});
     const auto listener = desktop.startProgram(
         {script.fileName(), QStringLiteral(TABLEWRIGHT_PROGRAM), QStringLiteral(XDOTOOL_PROGRAM)},
         noOtherBus, python);
     ASSERT_GE(listener->waitForExit(150'000), 0) << "the listener did not end";
     const QString said = listener->errors();
-    ASSERT_TRUE(said.contains(QStringLiteral("\nEND\n"))) << said.toStdString();
+    ASSERT_TRUE(said.contains("\nEND\n")) << said.toStdString();
 
     // After the press, the prompt of the dealt hand is reported, once.
-    const QStringList afterPress = said.section(QStringLiteral("\nPRESS\n"), 1)
-                                       .section(QStringLiteral("\nEND\n"), 0, 0)
+    const QStringList afterPress = said.section("\nPRESS\n", 1)
+                                       .section("\nEND\n", 0, 0)
                                        .split(QLatin1Char('\n'))
-                                       .filter(QRegularExpression(QStringLiteral("^STATUS ")));
-    EXPECT_EQ(afterPress,
-              QStringList{QStringLiteral("STATUS Click a poker hand name from the list..")})
+                                       .filter(QRegularExpression("^STATUS "));
+    EXPECT_EQ(afterPress, QStringList{"STATUS Click a poker hand name from the list.."})
         << said.toStdString();
-    EXPECT_TRUE(said.contains(QStringLiteral("\nSTATUS Click [Start] to begin..\n")))
+    EXPECT_TRUE(said.contains("\nSTATUS Click [Start] to begin..\n"))
         << "opening the screen is reported too";
 }
 

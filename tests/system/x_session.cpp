@@ -109,16 +109,14 @@ XServer::XServer() {
     // -displayfd picks a free display and writes its number on the given descriptor.
     const QString number =
         startServer(server_, QStringLiteral(XVFB_PROGRAM),
-                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                     QStringLiteral("0"), QStringLiteral("1280x1024x24"),
-                     QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+                    {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
     if (number.isEmpty())
         return;
     // A window may go between listing it and asking about it; that is no failure here.
     XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
-    connection_ = XOpenDisplay((QStringLiteral(":") + number).toLatin1().constData());
+    connection_ = XOpenDisplay((":" + number).toLatin1().constData());
     if (connection_ != nullptr)
-        display_ = QStringLiteral(":") + number;
+        display_ = ":" + number;
 }
 
 XServer::~XServer() {
@@ -129,11 +127,11 @@ XServer::~XServer() {
 
 QProcessEnvironment XServer::programEnvironment() const {
     QProcessEnvironment environment;
-    environment.insert(QStringLiteral("DISPLAY"), display_);
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.insert("DISPLAY", display_);
+    environment.insert("QT_QPA_PLATFORM", "xcb");
     // Without an address, the bus library would launch a daemon of its own for the display,
     // one that leaves its process group and outlives the test.
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("disabled:"));
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     return environment;
 }
 
@@ -231,14 +229,12 @@ DesktopSession::DesktopSession() {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The bus hands these on to the services it starts (the accessibility bus wants the
     // display to announce itself on).
-    environment.insert(QStringLiteral("DISPLAY"), display());
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
+    environment.insert("DISPLAY", display());
+    environment.insert("XDG_RUNTIME_DIR", runtime_.path());
     bus_.setProcessEnvironment(environment);
-    busAddress_ = startServer(
-        bus_, QStringLiteral(DBUS_DAEMON_PROGRAM),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-         QStringLiteral("--print-address=1"),
-         QStringLiteral("--address=unix:path=") + runtime_.filePath(QStringLiteral("bus"))});
+    busAddress_ = startServer(bus_, QStringLiteral(DBUS_DAEMON_PROGRAM),
+                              {"--session", "--nofork", "--nopidfile", "--print-address=1",
+                               "--address=unix:path=" + runtime_.filePath("bus")});
 }
 
 DesktopSession::~DesktopSession() {
@@ -247,8 +243,8 @@ DesktopSession::~DesktopSession() {
 
 QProcessEnvironment DesktopSession::programEnvironment() const {
     QProcessEnvironment environment = XServer::programEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress_);
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", busAddress_);
+    environment.insert("XDG_RUNTIME_DIR", runtime_.path());
     return environment;
 }
 
@@ -273,14 +269,12 @@ ProgramRun::ProgramRun(const XServer& server, const QString& program, const QStr
     }
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(server.programEnvironment());
-    environment.insert(QStringLiteral("PATH"), folder_.path() + QStringLiteral(":") +
-                                                   environment.value(QStringLiteral("PATH")));
+    environment.insert("PATH", folder_.path() + ":" + environment.value("PATH"));
     // In a sanitizer build the leak checker's list of suppressions used would land on
     // stderr; the suppressions themselves come from the test's own environment.
-    if (environment.contains(QStringLiteral("LSAN_OPTIONS"))) {
-        environment.insert(QStringLiteral("LSAN_OPTIONS"),
-                           environment.value(QStringLiteral("LSAN_OPTIONS")) +
-                               QStringLiteral(":print_suppressions=0"));
+    if (environment.contains("LSAN_OPTIONS")) {
+        environment.insert("LSAN_OPTIONS",
+                           environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
     }
     environment.insert(extraEnvironment);
     process_.setProcessEnvironment(environment);
