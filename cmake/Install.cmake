@@ -31,6 +31,7 @@ set(packaging_dir ${PROJECT_BINARY_DIR}/packaging)
 
 # The application folder.
 install(TARGETS tablewright RUNTIME DESTINATION ${TABLEWRIGHT_INSTALL_APPDIR})
+install(TARGETS tablewright_sound LIBRARY DESTINATION ${TABLEWRIGHT_INSTALL_APPDIR})
 if(TARGET tablewright_webpane)
   install(TARGETS tablewright_webpane LIBRARY DESTINATION ${TABLEWRIGHT_INSTALL_APPDIR})
 endif()

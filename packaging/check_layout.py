@@ -55,6 +55,8 @@ def check_application_folder(report, prefix, app_source, webpane):
     program = os.path.join(app, "tablewright")
     report.check(os.path.isfile(program) and os.access(program, os.X_OK),
                  f"no executable program at {program}")
+    sound = os.path.join(app, "tablewright_sound.so")
+    report.check(os.path.isfile(sound), f"sound module missing: {sound}")
     module = os.path.join(app, "tablewright_webpane.so")
     if webpane:
         report.check(os.path.isfile(module), f"lesson pane module missing: {module}")

@@ -1,10 +1,14 @@
 // The floor of the start-up figures: the least a Qt window with a topic tree and the home
 // page can do. A tree of 34 entries and a text browser showing intro.html, nothing else.
+// Moving through the tree shows the lessons in turn (one per entry, in the order of their
+// file names), so that a walk through it can be measured as the program's is.
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QTextBrowser>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 namespace {
 
@@ -40,13 +44,33 @@ QTextBrowser* makePage(const QString& folder) {
 
 }  // namespace
 
+// Each entry of the tree shows a lesson: the n-th entry the n-th file.
+void showLessonsFromTree(QTreeWidget* tree, QTextBrowser* page, const QString& folder) {
+    const QStringList lessons =
+        QDir(folder).entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name);
+    QObject::connect(tree, &QTreeWidget::currentItemChanged, page, [=](QTreeWidgetItem* item) {
+        QTreeWidgetItemIterator it(tree);
+        int index = 0;
+        for (; *it && *it != item; ++it)
+            ++index;
+        if (!lessons.isEmpty())
+            page->setSource(
+                QUrl::fromLocalFile(QDir(folder).filePath(lessons[index % lessons.size()])));
+    });
+}
+
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QWidget window;
     window.setWindowTitle(QStringLiteral("Startup floor"));
     auto* layout = new QHBoxLayout(&window);
-    layout->addWidget(makeTree(), 1);
-    layout->addWidget(makePage(QStringLiteral(STARTUP_FLOOR_FOLDER)), 3);
+    const QString folder = QStringLiteral(STARTUP_FLOOR_FOLDER);
+    QTreeWidget* tree = makeTree();
+    QTextBrowser* page = makePage(folder);
+    layout->addWidget(tree, 1);
+    layout->addWidget(page, 3);
+    tree->setFocus();
+    showLessonsFromTree(tree, page, folder);
     window.resize(921, 653);  // the main window's inner size
     window.show();
     return QApplication::exec();

@@ -1,13 +1,18 @@
-// Launches a program and times its start on X, from the moment of the launch: until its
-// window is mapped (an X event, no polling), and until each of one or two colours shows in
-// that window (the screen is read every 10 ms): the painted home page, and the page as the
-// browser engine draws it. One second after the last of them it sums the resident memory
-// of the program and of all its child processes, then kills them all.
+// Launches a program and follows its start on X, from the moment of the launch: until its
+// window is mapped (an X event, no polling), and until the home page's colour shows in that
+// window (the screen is read every 10 ms). It reads the memory of the program and of all its
+// child processes 2 s after the launch, and compares the window at first sight of the page
+// with the window 3 s after the launch. Asked to, it then presses Down in the window a number
+// of times (a walk through a tree), reads the memory again, clicks a point of the window and
+// times until a second colour shows there (a page that a link leads to). Then it kills them
+// all. Keys and clicks go through xdotool.
 //
-//   startup_watch <window name> <rrggbb>[+<rrggbb>] <timeout ms> <program> [arguments...]
+//   startup_watch [-k downs] [-c x,y] <window name> <rrggbb>[+<rrggbb>] <timeout ms>
+//                 <program> [arguments...]
 //
-// Prints one line: window_ms=<ms> painted_ms=<ms> engine_ms=<ms> rss_kb=<kB> pss_kb=<kB>
-// processes=<n>, with "-" for what did not happen before the timeout (or was not asked).
+// Prints one line: window_ms painted_ms changed_px rss_kb pss_kb processes walked_rss_kb
+// walked_pss_kb linked_ms, with "-" for what did not happen before the timeout (or was not
+// asked).
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
@@ -39,7 +44,10 @@ using namespace std::chrono_literals;
 
 constexpr auto kPaintPoll = 10ms;
 constexpr long kPaintedPixels = 50;  // a heading's worth, not a stray pixel
-constexpr auto kSettle = 1000ms;     // memory is read this long after the paint
+constexpr auto kMemoryAt = 2000ms;   // after the launch
+constexpr auto kSecondLookAt = 3000ms;
+constexpr auto kWalkStep = 80ms;      // between two key presses
+constexpr auto kWalkSettle = 1000ms;  // memory is read this long after the walk
 
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
@@ -83,20 +91,20 @@ class Screen {
         return std::nullopt;
     }
 
-    // How many pixels of the window's rectangle on the screen have exactly each colour.
-    std::vector<long> countColours(xcb_window_t window, const std::vector<std::uint32_t>& colours) {
-        std::vector<long> found(colours.size(), 0);
+    // The pixels of the window's rectangle on the screen, 0xRRGGBB, row by row; empty when
+    // it can't be read.
+    std::vector<std::uint32_t> pixelsOf(xcb_window_t window) {
         Reply<xcb_get_geometry_reply_t> geometry{
             xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr)};
         Reply<xcb_translate_coordinates_reply_t> origin{xcb_translate_coordinates_reply(
             connection_, xcb_translate_coordinates(connection_, window, root_, 0, 0), nullptr)};
         if (!geometry || !origin)
-            return found;
+            return {};
         const int x = std::max<int>(origin->dst_x, 0), y = std::max<int>(origin->dst_y, 0);
         const int w = std::min<int>(geometry->width, width_ - x);
         const int h = std::min<int>(geometry->height, height_ - y);
         if (w <= 0 || h <= 0)
-            return found;
+            return {};
         Reply<xcb_get_image_reply_t> image{xcb_get_image_reply(
             connection_,
             xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_,
@@ -104,15 +112,20 @@ class Screen {
                           static_cast<std::uint16_t>(w), static_cast<std::uint16_t>(h), ~0u),
             nullptr)};
         if (!image)
-            return found;
-        const auto* pixels =
-            reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
-        const int count = xcb_get_image_data_length(image.get()) / 4;
-        for (int i = 0; i < count; ++i) {
-            for (std::size_t c = 0; c < colours.size(); ++c)
-                found[c] += (pixels[i] & 0xFFFFFF) == colours[c];
-        }
-        return found;
+            return {};
+        const auto* data = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
+        std::vector<std::uint32_t> pixels(data, data + xcb_get_image_data_length(image.get()) / 4);
+        for (auto& pixel : pixels)
+            pixel &= 0xFFFFFF;
+        return pixels;
+    }
+
+    // The window's top left corner on the screen.
+    std::pair<int, int> originOf(xcb_window_t window) {
+        Reply<xcb_translate_coordinates_reply_t> origin{xcb_translate_coordinates_reply(
+            connection_, xcb_translate_coordinates(connection_, window, root_, 0, 0), nullptr)};
+        return origin ? std::make_pair(int{origin->dst_x}, int{origin->dst_y})
+                      : std::make_pair(0, 0);
     }
 
   private:
@@ -236,65 +249,144 @@ std::vector<std::uint32_t> coloursOf(const std::string& list) {
     return colours;
 }
 
-// When each colour first showed in the window, from the launch.
-std::vector<std::optional<Clock::duration>> watchColours(Screen& screen, xcb_window_t window,
-                                                         const std::vector<std::uint32_t>& colours,
-                                                         Clock::time_point start,
-                                                         Clock::time_point deadline) {
-    std::vector<std::optional<Clock::duration>> seen(colours.size());
+long countOf(const std::vector<std::uint32_t>& pixels, std::uint32_t colour) {
+    return std::count(pixels.begin(), pixels.end(), colour);
+}
+
+// The window's pixels once the colour shows in it, with the time from the launch; nothing
+// when it did not show before the deadline.
+std::optional<std::pair<Clock::duration, std::vector<std::uint32_t>>> waitForColour(
+    Screen& screen, xcb_window_t window, std::uint32_t colour, Clock::time_point start,
+    Clock::time_point deadline) {
     for (auto tick = Clock::now(); tick < deadline; tick += kPaintPoll) {
-        const std::vector<long> found = screen.countColours(window, colours);
-        for (std::size_t c = 0; c < colours.size(); ++c) {
-            if (!seen[c] && found[c] >= kPaintedPixels)
-                seen[c] = Clock::now() - start;
-        }
-        if (std::all_of(seen.begin(), seen.end(), [](const auto& at) { return at.has_value(); }))
-            break;
+        std::vector<std::uint32_t> pixels = screen.pixelsOf(window);
+        if (countOf(pixels, colour) >= kPaintedPixels)
+            return std::make_pair(Clock::now() - start, std::move(pixels));
         std::this_thread::sleep_until(tick + kPaintPoll);
     }
-    return seen;
+    return std::nullopt;
+}
+
+long differing(const std::vector<std::uint32_t>& a, const std::vector<std::uint32_t>& b) {
+    if (a.size() != b.size())
+        return static_cast<long>(std::max(a.size(), b.size()));
+    long count = 0;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        count += a[i] != b[i];
+    return count;
+}
+
+void xdotool(const std::string& arguments) {
+    const std::string command = "xdotool " + arguments + " >/dev/null 2>&1";
+    if (std::system(command.c_str()) != 0)
+        std::fprintf(stderr, "startup_watch: failed: %s\n", command.c_str());
+}
+
+// Down pressed in the window, one press at a time.
+void walk(xcb_window_t window, int downs) {
+    xdotool("windowfocus --sync " + std::to_string(window));
+    for (int i = 0; i < downs; ++i) {
+        xdotool("key --clearmodifiers Down");
+        std::this_thread::sleep_for(kWalkStep);
+    }
+}
+
+void click(Screen& screen, xcb_window_t window, int x, int y) {
+    const auto [left, top] = screen.originOf(window);
+    xdotool("mousemove " + std::to_string(left + x) + " " + std::to_string(top + y) + " click 1");
+}
+
+std::string orDash(long value, bool known) {
+    return known ? std::to_string(value) : "-";
+}
+
+struct Options {
+    int downs = 0;
+    std::optional<std::pair<int, int>> clickAt;
+    int first = 1;  // the first argument after the options
+};
+
+Options optionsOf(int argc, char* argv[]) {
+    Options options;
+    while (options.first + 1 < argc && argv[options.first][0] == '-') {
+        const std::string flag = argv[options.first];
+        const std::string value = argv[options.first + 1];
+        if (flag == "-k") {
+            options.downs = std::stoi(value);
+        } else if (flag == "-c") {
+            const auto comma = value.find(',');
+            options.clickAt = {std::stoi(value.substr(0, comma)),
+                               std::stoi(value.substr(comma + 1))};
+        } else {
+            throw std::invalid_argument("unknown option " + flag);
+        }
+        options.first += 2;
+    }
+    return options;
 }
 
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc < 5) {
-        std::fprintf(stderr,
-                     "usage: %s <window name> <rrggbb>[+<rrggbb>] <timeout ms> <program> "
-                     "[arguments...]\n",
-                     argv[0]);
-        return 2;
-    }
     try {
-        const std::string windowName = argv[1];
-        const std::vector<std::uint32_t> colours = coloursOf(argv[2]);
-        const auto timeout = std::chrono::milliseconds(std::stol(argv[3]));
+        const Options options = optionsOf(argc, argv);
+        if (argc - options.first < 4) {
+            std::fprintf(stderr,
+                         "usage: %s [-k downs] [-c x,y] <window name> <rrggbb>[+<rrggbb>] "
+                         "<timeout ms> <program> [arguments...]\n",
+                         argv[0]);
+            return 2;
+        }
+        char** rest = argv + options.first;
+        const std::string windowName = rest[0];
+        const std::vector<std::uint32_t> colours = coloursOf(rest[1]);
+        const auto timeout = std::chrono::milliseconds(std::stol(rest[2]));
         Screen screen;
 
         const auto start = Clock::now();
-        const pid_t program = launch(argv + 4);
+        const pid_t program = launch(rest + 3);
         const auto deadline = start + timeout;
         const auto exited = [program] { return waitpid(program, nullptr, WNOHANG) == program; };
 
-        std::optional<Clock::duration> windowAt;
-        std::vector<std::optional<Clock::duration>> seen(colours.size());
-        if (const auto window = screen.waitForWindow(windowName, deadline, exited)) {
+        std::optional<Clock::duration> windowAt, paintedAt, linkedAt;
+        std::optional<long> changed;
+        Memory memory, walked;
+        bool walkedKnown = false;
+        const auto window = screen.waitForWindow(windowName, deadline, exited);
+        if (window) {
             windowAt = Clock::now() - start;
-            seen = watchColours(screen, *window, colours, start, deadline);
+            if (auto painted = waitForColour(screen, *window, colours[0], start, deadline)) {
+                paintedAt = painted->first;
+                std::this_thread::sleep_until(start + kMemoryAt);
+                memory = memoryOf(familyOf(program));
+                std::this_thread::sleep_until(start + kSecondLookAt);
+                changed = differing(painted->second, screen.pixelsOf(*window));
+                if (options.downs > 0) {
+                    walk(*window, options.downs);
+                    std::this_thread::sleep_for(kWalkSettle);
+                    walked = memoryOf(familyOf(program));
+                    walkedKnown = true;
+                }
+                if (options.clickAt && colours.size() > 1) {
+                    const auto clicked = Clock::now();
+                    click(screen, *window, options.clickAt->first, options.clickAt->second);
+                    if (const auto linked = waitForColour(screen, *window, colours[1], clicked,
+                                                          Clock::now() + timeout))
+                        linkedAt = linked->first;
+                }
+            }
         }
-        const bool allSeen = windowAt && std::all_of(seen.begin(), seen.end(),
-                                                     [](const auto& at) { return at.has_value(); });
-        if (allSeen)
-            std::this_thread::sleep_for(kSettle);
         const std::vector<pid_t> family = familyOf(program);
-        const Memory memory = memoryOf(family);
         endFamily(program, family);
 
-        seen.resize(2);
-        std::printf("window_ms=%s painted_ms=%s engine_ms=%s rss_kb=%ld pss_kb=%ld processes=%zu\n",
-                    millisecondsOr(windowAt).c_str(), millisecondsOr(seen[0]).c_str(),
-                    millisecondsOr(seen[1]).c_str(), memory.rss, memory.pss, memory.processes);
-        return allSeen ? 0 : 1;
+        std::printf(
+            "window_ms=%s painted_ms=%s changed_px=%s rss_kb=%ld pss_kb=%ld processes=%zu "
+            "walked_rss_kb=%s walked_pss_kb=%s linked_ms=%s\n",
+            millisecondsOr(windowAt).c_str(), millisecondsOr(paintedAt).c_str(),
+            orDash(changed.value_or(0), changed.has_value()).c_str(), memory.rss, memory.pss,
+            memory.processes, orDash(walked.rss, walkedKnown).c_str(),
+            orDash(walked.pss, walkedKnown).c_str(), millisecondsOr(linkedAt).c_str());
+        return paintedAt ? 0 : 1;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "startup_watch: %s\n", failure.what());
         return 2;

@@ -6,9 +6,9 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileInfo>
+#include <QLibrary>
 #include <QMessageBox>
 #include <QScreen>
-#include <QSoundEffect>
 #include <QTimer>
 #include <QUrl>
 #include <vector>
@@ -28,23 +28,27 @@ void realMessageBox(const QString& text) {
     box.exec();
 }
 
-// One effect per file, kept for the life of the program. A new sound cuts off the one
-// still playing, its own file included, so only the latest answer is heard.
+using PlaySoundFunction = void (*)(const QString& path);
+
+// The sound module beside the program, loaded at the first sound; null when it can't be, which
+// is said once.
+PlaySoundFunction soundPlayer() {
+    static const PlaySoundFunction player = [] {
+        QLibrary module(AppPath(QStringLiteral("\\tablewright_sound")));
+        const auto play =
+            reinterpret_cast<PlaySoundFunction>(module.resolve("tablewright_play_sound"));
+        if (!play)
+            qWarning("The answer sounds are off: %s", qPrintable(module.errorString()));
+        return play;
+    }();
+    return player;
+}
+
+// A new sound cuts off the one still playing; a missing file plays nothing.
 void realPlaySound(const QString& path) {
-    static std::map<QString, QSoundEffect*> effects;
-    static QSoundEffect* playing = nullptr;
-    if (playing)
-        playing->stop();
-    playing = nullptr;
-    if (!QFileInfo::exists(path))
-        return;
-    auto& effect = effects[path];
-    if (!effect) {
-        effect = new QSoundEffect(QCoreApplication::instance());
-        effect->setSource(QUrl::fromLocalFile(path));
-    }
-    effect->play();
-    playing = effect;
+    const bool exists = QFileInfo::exists(path);
+    if (const PlaySoundFunction play = soundPlayer())
+        play(exists ? path : QString());
 }
 
 void realOpenAddress(const QString& address) {

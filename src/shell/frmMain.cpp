@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "artwork/artwork.h"
 #include "drill/palette.h"
 #include "drill/rounding.h"
 #include "platform/mDefs.h"
@@ -22,7 +21,6 @@ int pixels(double twips) {
 frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tablewright.."));
-    setWindowIcon(platform::artwork::applicationIcon());
     setAutoFillBackground(true);
     QPalette pal = palette();
     pal.setColor(QPalette::Window, platform::colorFromRgb(palette::kGrey));
@@ -98,15 +96,6 @@ void frmMain::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && isVisible())
         Form_Resize();
-}
-
-void frmMain::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
-    if (!firstPaintDone_) {
-        firstPaintDone_ = true;
-        // The lesson pane's engine loads once the window is on the screen.
-        QTimer::singleShot(0, WebBrowser1, &platform::WebBrowser::startPane);
-    }
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

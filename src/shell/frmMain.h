@@ -10,9 +10,9 @@
 #include <string>
 
 #include "drill/rules.h"
+#include "lessonpane/webbrowser.h"
 #include "platform/controls.h"
 #include "platform/treeview.h"
-#include "platform/webbrowser.h"
 
 class frmPacific;
 
@@ -85,7 +85,6 @@ class frmMain : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
   private:
     // The exercises' state, and what the sample game and the ways out keep.
@@ -165,5 +164,4 @@ class frmMain : public QWidget {
     frmPacific* promotion_ = nullptr;
     bool unloaded_ = false;
     bool inQueryUnload_ = false;
-    bool firstPaintDone_ = false;
 };

@@ -1,6 +1,9 @@
 // The controls of the main window at their design places, sizes, captions, colours and fonts.
 // Children are made bottom first, so the stacking order is the design's.
 #include <QApplication>
+#include <QEvent>
+#include <functional>
+#include <utility>
 
 #include "artwork/artwork.h"
 #include "artwork/cardface.h"
@@ -75,6 +78,30 @@ Label* makeWrappedLabel(QWidget* parent, const QString& name, double left, doubl
     return label;
 }
 
+// Runs the action once, when the widget is first shown.
+void runOnFirstShow(QWidget* widget, std::function<void()> action) {
+    class FirstShow final : public QObject {
+      public:
+        FirstShow(QWidget* widget, std::function<void()> action)
+            : QObject(widget), action_(std::move(action)) {
+            widget->installEventFilter(this);
+        }
+
+      protected:
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Show && action_) {
+                watched->removeEventFilter(this);
+                std::exchange(action_, nullptr)();
+            }
+            return false;
+        }
+
+      private:
+        std::function<void()> action_;
+    };
+    new FirstShow(widget, std::move(action));
+}
+
 }  // namespace
 
 void frmMain::createControls() {
@@ -97,7 +124,9 @@ void frmMain::createControls() {
     picDemo = new PictureBox(this, QStringLiteral("picDemo"), PictureBox::Border::Sunken);
     picDemo->setBackColor(palette::kBlack);
     picDemo->setGeometryTwips(3420, 180, 9720, 8760);
-    picDemo->setPicture(platform::artwork::pokerTable(screenRatio()));
+    // The table is painted when the sample game first shows, not at start.
+    runOnFirstShow(picDemo,
+                   [this] { picDemo->setPicture(platform::artwork::pokerTable(screenRatio())); });
     picDemo->setAccessibleName(QStringLiteral("Sample poker game"));
     createStage();
     orderTabStops();

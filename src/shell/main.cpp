@@ -4,6 +4,7 @@
 #include "shell/frmMain.h"
 
 int main(int argc, char* argv[]) {
+    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     int exitCode = 0;

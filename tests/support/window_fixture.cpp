@@ -4,8 +4,8 @@
 #include <QFile>
 #include <QTest>
 
+#include "lessonpane/webbrowser.h"
 #include "platform/treeview.h"
-#include "platform/webbrowser.h"
 #include "support/folders.h"
 
 namespace test_support {

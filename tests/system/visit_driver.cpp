@@ -12,7 +12,6 @@
 // The driver knows the window only as a user does: its controls found by name, and the
 // handlers a click or a key runs.
 #include <QApplication>
-#include <QFileInfo>
 #include <QSet>
 #include <QThread>
 #include <QTimer>
@@ -24,7 +23,6 @@
 
 namespace {
 
-constexpr int kEngineMs = 60'000;   // the browser engine loads late on a loaded machine
 constexpr int kPageMs = 400;        // a lesson page loading and painting
 constexpr int kAnswerMs = 1200;     // a verdict shown and its message blinking
 constexpr int kPromotionMs = 3000;  // the promotion's animation inside its waits
@@ -128,25 +126,9 @@ int playSampleToTheEnd(frmMain& form) {
     return step;
 }
 
-// The text pane shows first; the engine takes over once its first page is in, where the
-// engine module is there beside the program. False when it is there and never took over.
-bool engineTookOverIfThere(const frmMain& form) {
-    if (!QFileInfo::exists(platform::AppPath(QStringLiteral("\\tablewright_webpane.so"))))
-        return true;
-    const auto* browser = control<platform::WebBrowser>(form, QStringLiteral("WebBrowser1"));
-    for (int waited = 0; browser != nullptr && waited < kEngineMs; waited += 100) {
-        if (browser->backend() == platform::WebBrowser::Backend::Engine)
-            return true;
-        settle(100);
-    }
-    return false;
-}
-
 void visit(frmMain& form) {
     if (platform::programEnding())  // ended before its event loop ran
         return giveUp(3, "a message box opened at start-up");
-    if (!engineTookOverIfThere(form))
-        return giveUp(6, "the browser engine never showed a page");
     auto* tree = control<platform::TreeView>(form, QStringLiteral("TreeView1"));
     if (tree == nullptr)
         return giveUp(5, "no tree");
@@ -237,6 +219,7 @@ class Reporter : public QObject {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     platform::setApplicationFolder(QStringLiteral(TABLEWRIGHT_APP_DIR));

@@ -295,34 +295,12 @@ QString ProgramRun::file(const char* name) const {
 
 namespace {
 
-// The process and its children, grandchildren and so on (a program run under a tracer is
-// the tracer's child).
-QStringList processTree(qint64 root) {
-    QStringList pids{QString::number(root)};
-    for (qsizetype i = 0; i < pids.size(); ++i) {
-        QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(pids[i]));
-        if (children.open(QIODevice::ReadOnly))
-            pids +=
-                QString::fromLatin1(children.readAll()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    }
-    return pids;
-}
-
 QString contentsOf(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()) : QString();
 }
 
 }  // namespace
-
-bool ProgramRun::waitForLibrary(const QString& name, int timeoutMs) const {
-    return pollUntil(timeoutMs, [&] {
-        const QStringList pids = processTree(process_.processId());
-        return std::any_of(pids.begin(), pids.end(), [&](const QString& pid) {
-            return contentsOf(QStringLiteral("/proc/%1/maps").arg(pid)).contains(name);
-        });
-    });
-}
 
 qint64 ProgramRun::waitForExit(int timeoutMs) {
     QElapsedTimer clock;

@@ -111,9 +111,6 @@ class ProgramRun {
     ~ProgramRun();
 
     bool started() const { return process_.state() == QProcess::Running; }
-    // True once the process, or a process it started, has loaded a library whose file name
-    // contains `name`, polling until then (Linux: its memory map lists the files it mapped).
-    bool waitForLibrary(const QString& name, int timeoutMs) const;
     // Waits for the process to end; the elapsed milliseconds, or -1 when it did not end.
     qint64 waitForExit(int timeoutMs);
     int exitCode() const { return process_.exitCode(); }

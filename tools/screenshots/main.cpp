@@ -59,6 +59,7 @@ class SeededRandom final : public cards::RandomSource {
 }  // namespace screenshots
 
 int main(int argc, char* argv[]) {
+    platform::prepareApplication();
     QApplication app(argc, argv);
     platform::configureApplication(app);
     // Absolute now: the window's start-up changes the working folder.

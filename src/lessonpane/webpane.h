@@ -1,6 +1,6 @@
 // The interface between the lesson pane's host and the panes that show the pages: the
-// browser-engine pane (a module loaded after the first paint) and the text pane, which
-// shows them until the engine has its first page in, and for good without the module.
+// native pane for the lessons, and the browser-engine pane, a module loaded when a page on
+// the web is first asked for.
 #pragma once
 
 #include <QUrl>
@@ -11,10 +11,9 @@ namespace platform {
 
 class WebPane {
   public:
-    // Told of a navigation the pane starts by itself (a link followed), before it goes ahead.
-    using NavigationObserver = std::function<void(const QUrl&)>;
-    // Told when a page has come in, or failed to.
-    using LoadObserver = std::function<void()>;
+    // Told of a navigation the pane starts by itself (a link followed), before it goes ahead;
+    // answers whether it goes ahead in this pane (false: the host shows it in the other).
+    using NavigationObserver = std::function<bool(const QUrl&)>;
 
     // The pane deletes its widget.
     virtual ~WebPane() = default;
@@ -23,7 +22,6 @@ class WebPane {
     // the page on show loads it again.
     virtual void navigate(const QUrl& url) = 0;
     virtual void setNavigationObserver(NavigationObserver observer) = 0;
-    virtual void setLoadObserver(LoadObserver observer) = 0;
 };
 
 // The module exports this function under the name below.

@@ -1,18 +1,24 @@
-// The browser-engine lesson pane, built as a module so that the program's window is on
-// the screen before the engine's large libraries are loaded.
+// The browser-engine lesson pane, built as a module: its large libraries are loaded only
+// when the pane is first asked for a page on the web.
+#include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QPointer>
 #include <QQuickWindow>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineSettings>
 #include <QWebEngineView>
 #include <memory>
 
-#include "platform/webpane.h"
+#include "lessonpane/webpane.h"
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace {
 
-// Every navigation goes ahead; those the page starts by itself are told to the host first.
+// Every navigation goes ahead; those the page starts by itself are told to the host first,
+// which may show them in its other pane instead.
 class LessonPage final : public QWebEnginePage {
   public:
     using QWebEnginePage::QWebEnginePage;
@@ -24,10 +30,11 @@ class LessonPage final : public QWebEnginePage {
         // navigation already told.
         const bool startedByPage = type != NavigationTypeTyped && type != NavigationTypeReload &&
                                    type != NavigationTypeRedirect;
-        if (isMainFrame && startedByPage && observer)
-            observer(url);
-        return true;
+        return !(isMainFrame && startedByPage && observer) || observer(url);
     }
+    // What a page says on its script console is the page's business, not the terminal's.
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
+                                  const QString&) override {}
 };
 
 // A link or script that asks for a new window opens its page in the pane itself: the
@@ -53,11 +60,6 @@ class EnginePane final : public platform::WebPane {
         view_->setObjectName(QStringLiteral("lessonEnginePane"));
         view_->setAccessibleName(QStringLiteral("Lesson"));
         view_->setContextMenuPolicy(Qt::NoContextMenu);
-        view_->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
-        QObject::connect(view_, &QWebEngineView::loadFinished, view_, [this] {
-            if (const LoadObserver observer = loadObserver_)
-                observer();
-        });
     }
     // The page must go before its profile.
     ~EnginePane() override { delete view_; }
@@ -67,21 +69,48 @@ class EnginePane final : public platform::WebPane {
     void setNavigationObserver(NavigationObserver observer) override {
         page_->observer = std::move(observer);
     }
-    void setLoadObserver(LoadObserver observer) override { loadObserver_ = std::move(observer); }
 
   private:
     std::unique_ptr<QWebEngineProfile> profile_;
     QPointer<LessonView> view_;  // owned by the parent widget, or by this pane at its end
     QPointer<LessonPage> page_;  // owned by the view
-    LoadObserver loadObserver_;
 };
+
+void addEngineFlags(const QByteArray& flags) {
+    const QByteArray set = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", set.isEmpty() ? flags : set + ' ' + flags);
+}
+
+void allowEngineAsRoot() {
+#ifdef Q_OS_UNIX
+    // Chromium refuses to run its sandbox as root (as in CI containers).
+    if (geteuid() == 0)
+        addEngineFlags("--no-sandbox");
+#endif
+}
+
+// The pane draws in software: OpenGL in the main window would make Qt re-create the window
+// (it blinks off and on), and the program has no OpenGL integration (see its start-up).
+void drawInSoftware() {
+    qputenv("MESA_SHADER_CACHE_DISABLE", "true");
+    QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+// Set once, before the engine's first page, when the engine starts. Chromium's own log goes to
+// the terminal; only its fatal errors are kept.
+void prepareEngine() {
+    addEngineFlags("--log-level=3");
+    // The engine's report of its graphics set-up, at each start.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.info=false"));
+    allowEngineAsRoot();
+    drawInSoftware();
+}
 
 }  // namespace
 
 extern "C" Q_DECL_EXPORT platform::WebPane* tablewright_create_web_pane(QWidget* parent) {
-    // Software drawing: OpenGL in the main window would make Qt re-create the window
-    // (it blinks off and on), and the engine has no context to share (see the host).
-    if (QQuickWindow::graphicsApi() != QSGRendererInterface::Software)
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    static const bool prepared = (prepareEngine(), true);
+    Q_UNUSED(prepared);
     return new EnginePane(parent);
 }
