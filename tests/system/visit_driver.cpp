@@ -1,18 +1,17 @@
 // The program with a scripted user. It starts as the real program does, then visits every
 // entry of the tree in turn, plays a round with every Start button of every exercise, plays
-// the sample hand to its end and leaves through the promotion window. Each thing done is
-// reported on stderr as a line starting "visit: ", for the test that runs it under strace.
-// Exit code 0 when the whole visit was made; else the first thing that could not be done.
+// the sample hand to its end and leaves through the promotion window, for the test that runs
+// it under strace. Exit code 0 when the whole visit was made; else the first thing that could
+// not be done, said on stderr.
 //
 // With --report it does nothing itself: the user is a test acting through the X server, and
-// the driver only says where things are on the screen and what changed ("visit: entry
-// 'Sample Poker Game' at 80,312", "visit: pane sample", "visit: window shown <title>",
-// "visit: close at loop depth 2"). The program's own ending decides the exit code.
+// the driver only says on stderr where things are on the screen and what changed ("visit:
+// entry 'Sample Poker Game' at 80,312", "visit: window shown <title>", "visit: close at loop
+// depth 2"). The program's own ending decides the exit code.
 //
 // The driver knows the window only as a user does: its controls found by name, and the
 // handlers a click or a key runs.
 #include <QApplication>
-#include <QFileInfo>
 #include <QSet>
 #include <QThread>
 #include <QTimer>
@@ -28,6 +27,8 @@ constexpr int kPageMs = 400;        // a lesson page loading and painting
 constexpr int kAnswerMs = 1200;     // a verdict shown and its message blinking
 constexpr int kPromotionMs = 3000;  // the promotion's animation inside its waits
 constexpr int kSampleSteps = 34;
+constexpr int kLessons = 29;
+constexpr int kRounds = 7;   // one for each Start button
 constexpr int kLookMs = 50;  // how often the reporter looks at the window
 const QString kPromotionTitle =
     QStringLiteral("Play Poker Online for FREE ... Real People Real Fun");
@@ -65,25 +66,22 @@ platform::CommandButton* firstOpenKey(const frmMain& form) {
     return nullptr;
 }
 
-struct Tally {
-    int pages = 0;
-    int rounds = 0;
-    int keys = 0;
-    int answers = 0;
-};
+int g_rounds = 0;
+int g_keys = 0;
+int g_answers = 0;
 
 // One round as a beginner plays it: Start, cards picked on the keyboard while it is open,
 // then an answer: a hand name, or the two surfaces of the comparison.
-void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
+void playRound(frmMain& form, platform::CommandButton* start) {
     start->click();
     settle(kPageMs);
-    ++tally.rounds;
+    ++g_rounds;
     for (int picked = 0; picked < 10; ++picked) {
         platform::CommandButton* key = firstOpenKey(form);
         if (key == nullptr)
             break;
         key->click();
-        ++tally.keys;
+        ++g_keys;
         settle(50);
     }
     for (std::int16_t index = 0; index < 9; ++index) {
@@ -91,24 +89,24 @@ void playRound(frmMain& form, platform::CommandButton* start, Tally& tally) {
             continue;
         form.lblName_MouseMove(index);
         form.lblName_Click(index);
-        ++tally.answers;
+        ++g_answers;
         break;
     }
     if (reachable(control(form, QStringLiteral("picShow")))) {
         form.picShow_Click();
         settle(kPageMs);
         form.picLabels_Click();
-        ++tally.answers;
+        ++g_answers;
     }
     settle(kAnswerMs);
 }
 
-void playExercise(frmMain& form, Tally& tally) {
+void playExercise(frmMain& form) {
     for (const char* name : {"cmdStart1A", "cmdStart1B", "cmdStart2A", "cmdStart2B", "cmdStart3A",
                              "cmdStart3B", "cmdStart4"}) {
         auto* start = control<platform::CommandButton>(form, QString::fromLatin1(name));
         if (reachable(start))
-            playRound(form, start, tally);
+            playRound(form, start);
     }
     if (auto* clear = control<platform::CommandButton>(form, QStringLiteral("cmdClear"));
         reachable(clear)) {
@@ -128,46 +126,38 @@ int playSampleToTheEnd(frmMain& form) {
     return step;
 }
 
-QWidget* promotionWindow() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->windowTitle() == kPromotionTitle && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
-
-bool g_messageShown = false;
-
 void visit(frmMain& form) {
-    if (g_messageShown)
+    if (platform::programEnding())  // ended before its event loop ran
         return giveUp(3, "a message box opened at start-up");
     auto* tree = control<platform::TreeView>(form, QStringLiteral("TreeView1"));
     if (tree == nullptr)
         return giveUp(5, "no tree");
-    Tally tally;
+    int pages = 0;
     int sampleStep = 0;
     for (int node = 1; node <= tree->nodeCount() && !platform::programEnding(); ++node) {
         tree->setSelected(node);
         form.TreeView1_NodeClick(node);
         settle(kPageMs);
         if (shown(form, QStringLiteral("WebBrowser1")))
-            ++tally.pages;
+            ++pages;
         if (shown(form, QStringLiteral("picQuiz")))
-            playExercise(form, tally);
+            playExercise(form);
         if (shown(form, QStringLiteral("picDemo")))
             sampleStep = playSampleToTheEnd(form);
     }
-    std::fprintf(
-        stderr, "visit: %d entries, %d pages, %d rounds, %d keys, %d answers, sample at step %d\n",
-        tree->nodeCount(), tally.pages, tally.rounds, tally.keys, tally.answers, sampleStep);
+    // Every lesson a page, every Start button a round, 5 + 10 + 2 + 2 cards picked, answers
+    // given, the sample to its end.
+    if (pages != kLessons || g_rounds != kRounds || g_keys < 19 || g_answers < 3 ||
+        sampleStep != kSampleSteps)
+        return giveUp(7, "a part of the tree was not visited");
 
     // The user closes the window; the promotion takes its place and is closed in turn.
     QTimer::singleShot(kPromotionMs, &form, [] {
-        QWidget* promotion = promotionWindow();
-        if (promotion == nullptr)
-            return giveUp(4, "no promotion window");
-        std::fprintf(stderr, "visit: promotion window closed\n");
-        promotion->close();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->windowTitle() == kPromotionTitle && window->isVisible())
+                return (void)window->close();
+        }
+        giveUp(4, "no promotion window");
     });
     form.close();
 }
@@ -198,59 +188,31 @@ class Reporter : public QObject {
     }
 
   private:
-    // The centre of a control on the screen.
-    static QPoint centre(const QWidget& widget) {
-        return widget.mapToGlobal(widget.rect().center());
-    }
-
+    // Each tree entry's centre on the screen, and each control's once it shows.
     void look() {
-        QString pane;
-        for (const auto& [name, said] :
-             {std::pair{"WebBrowser1", "lesson"}, std::pair{"picQuiz", "exercise"},
-              std::pair{"picDemo", "sample"}}) {
-            if (shown(form_, QString::fromLatin1(name)))
-                pane = QString::fromLatin1(said);
-        }
-        if (pane != pane_) {
-            pane_ = pane;
-            std::fprintf(stderr, "visit: pane %s\n", qPrintable(pane));
-        }
-        if (!form_.isVisible())
-            return;
-        if (!entriesTold_)
-            tellEntries();
-        for (const QString& name : {QStringLiteral("cmdNext"), QStringLiteral("lblEnough")}) {
-            const QWidget* widget = control(form_, name);
-            const bool there = widget != nullptr && widget->isVisible();
-            if (there && !told_.contains(name)) {
-                const QPoint at = centre(*widget);
-                std::fprintf(stderr, "visit: %s at %d,%d\n", qPrintable(name), at.x(), at.y());
-            }
-            if (there)
-                told_.insert(name);
-            else
-                told_.remove(name);
-        }
-    }
-
-    void tellEntries() {
         auto* tree = control<platform::TreeView>(form_, QStringLiteral("TreeView1"));
-        if (tree == nullptr || tree->nodeCount() == 0)
+        if (!form_.isVisible() || tree == nullptr)
             return;
         for (int index = 1; index <= tree->nodeCount(); ++index) {
             const QRect row = tree->visualItemRect(tree->node(index));
-            if (!tree->viewport()->rect().contains(row.center()))
-                continue;
-            const QPoint at = tree->viewport()->mapToGlobal(row.center());
-            std::fprintf(stderr, "visit: entry '%s' at %d,%d\n", qPrintable(tree->nodeText(index)),
-                         at.x(), at.y());
+            if (tree->viewport()->rect().contains(row.center()))
+                tell(QStringLiteral("entry '%1'").arg(tree->nodeText(index)),
+                     tree->viewport()->mapToGlobal(row.center()));
         }
-        entriesTold_ = true;
+        for (const QString& name : {QStringLiteral("cmdNext"), QStringLiteral("lblEnough")}) {
+            const QWidget* widget = control(form_, name);
+            if (widget != nullptr && widget->isVisible())
+                tell(name, widget->mapToGlobal(widget->rect().center()));
+        }
+    }
+
+    void tell(const QString& what, QPoint at) {
+        if (!told_.contains(what))
+            std::fprintf(stderr, "visit: %s at %d,%d\n", qPrintable(what), at.x(), at.y());
+        told_.insert(what);
     }
 
     frmMain& form_;
-    bool entriesTold_ = false;
-    QString pane_;
     QSet<QString> told_;
 };
 
@@ -267,7 +229,6 @@ int main(int argc, char* argv[]) {
         // visit.
         platform::seams().messageBox = [](const QString& text) {
             std::fprintf(stderr, "visit: message box: %s\n", qPrintable(text));
-            g_messageShown = true;
             platform::EndProgram(3);
         };
     }

@@ -5,19 +5,15 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcessEnvironment>
-#include <QRegularExpression>
 #include <QThread>
 #include <algorithm>
-#include <array>
 
-#include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 // Last: Xlib's macros (None, Bool, Status...) would clash with Qt's names.
 #include <X11/Xlib.h>
-#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
 namespace system_test {
@@ -34,211 +30,125 @@ void startApplication() {
     static QCoreApplication application(argc, argv);
 }
 
-// ---- process groups ----
-
 namespace {
 
-// The write end of the pipe to the reaper; the children have it until they exec, to report
-// themselves, and the test process has it until it ends.
-int g_reaperPipe = -1;
-
-// The reaper: a copy of the test process that reads the process groups to end (a pid; its
-// negative once the test has ended that group itself) and, when the pipe closes because the
-// test process is gone, kills every group still listed. Only system calls here: it is a
-// fork of a process that may have threads.
-[[noreturn]] void reap(int readEnd) {
-    setsid();  // a kill of the test's own group leaves the reaper to do its work
-    const int null = open("/dev/null", O_RDWR);
-    for (int fd : {0, 1, 2})
-        dup2(null, fd);
-    for (int fd = 3; fd < 1024; ++fd) {
-        if (fd != readEnd)
-            close(fd);
+// Asks `done` every few milliseconds until it says yes or the time is up; its last answer.
+template <typename Done>
+bool pollUntil(int timeoutMs, Done done, unsigned long stepMs = 50) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!done()) {
+        if (clock.elapsed() > timeoutMs)
+            return false;
+        QThread::msleep(stepMs);
     }
-    std::array<pid_t, 4096> groups{};
-    std::size_t count = 0;
-    pid_t record = 0;
-    while (read(readEnd, &record, sizeof record) == static_cast<ssize_t>(sizeof record)) {
-        if (record > 0 && count < groups.size()) {
-            groups[count++] = record;
-        } else if (record < 0) {
-            for (std::size_t i = 0; i < count; ++i) {
-                if (groups[i] == -record)
-                    groups[i] = groups[--count];
-            }
-        }
-    }
-    for (std::size_t i = 0; i < count; ++i)
-        kill(-groups[i], SIGKILL);
-    _exit(0);
+    return true;
 }
 
-int reaperPipe() {
-    if (g_reaperPipe >= 0)
-        return g_reaperPipe;
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
-        return -1;
-    const pid_t reaper = fork();
-    if (reaper == 0) {
-        close(ends[1]);
-        reap(ends[0]);
-    }
-    close(ends[0]);
-    if (reaper < 0) {
-        close(ends[1]);
-        return -1;
-    }
-    g_reaperPipe = ends[1];
-    return g_reaperPipe;
-}
-
-void tellReaper(pid_t record) {
-    if (g_reaperPipe >= 0)
-        (void)!write(g_reaperPipe, &record, sizeof record);
-}
-
-}  // namespace
-
-void startInOwnGroup(QProcess& process) {
-    const int pipe = reaperPipe();
-    // In the child, between fork and exec: a new session and group, reported before the
-    // program runs, so no crash of the test can come between the start and the listing.
-    process.setChildProcessModifier([pipe] {
+// Starts the process as the leader of a process group of its own, killed should the test
+// process die first (a crash, a timeout's kill); what it started goes with its group or with
+// the X server and the bus it needs.
+void startInOwnGroup(QProcess& process, const QString& program, const QStringList& arguments) {
+    process.setChildProcessModifier([] {
         setsid();
-        const pid_t self = getpid();
-        if (pipe >= 0)
-            (void)!write(pipe, &self, sizeof self);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
     });
+    process.start(program, arguments);
+    process.waitForStarted(10'000);
 }
 
-void endGroup(QProcess& process) {
-    const qint64 leader = process.processId();
+// Ends the process (asking first when `gently`: a terminated server removes its lock file and
+// socket) and everything left in its group.
+void endGroup(QProcess& process, bool gently = false) {
+    const auto leader = static_cast<pid_t>(process.processId());
+    if (gently) {
+        process.terminate();
+        process.waitForFinished(5000);
+    }
     if (leader > 0)
-        kill(static_cast<pid_t>(-leader), SIGKILL);
+        kill(-leader, SIGKILL);
     process.waitForFinished(5000);
-    if (leader > 0)
-        tellReaper(static_cast<pid_t>(-leader));
 }
-
-namespace {
 
 // Starts a server in a process group of its own; the first line it prints (its display, its
 // address), or nothing when it printed none in time.
 QString startServer(QProcess& server, const QString& program, const QStringList& arguments) {
-    startInOwnGroup(server);
-    server.start(program, arguments);
-    if (!server.waitForStarted(10'000))
-        return {};
-    QElapsedTimer clock;
-    clock.start();
+    startInOwnGroup(server, program, arguments);
     QByteArray output;
-    while (!output.contains('\n') && clock.elapsed() < 20'000) {
+    pollUntil(20'000, [&] {
         server.waitForReadyRead(200);
         output += server.readAllStandardOutput();
-    }
+        return output.contains('\n') || server.state() != QProcess::Running;
+    });
     if (!output.contains('\n'))
         return {};
     return QString::fromLatin1(output.left(output.indexOf('\n')).trimmed());
+}
+
+QString titleOf(Display* display, Window window) {
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0, after = 0;
+    unsigned char* data = nullptr;
+    if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_NAME", False), 0, 1024,
+                           False, XInternAtom(display, "UTF8_STRING", False), &type, &format,
+                           &count, &after, &data) != Success ||
+        data == nullptr)
+        return {};
+    const QString title =
+        QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(count));
+    XFree(data);
+    return title;
 }
 
 }  // namespace
 
 // ---- the X server ----
 
-struct XServer::Connection {
-    Display* display = nullptr;
-    ~Connection() {
-        if (display != nullptr)
-            XCloseDisplay(display);
-    }
-};
-
 XServer::XServer() {
     // -displayfd picks a free display and writes its number on the given descriptor.
     const QString number =
         startServer(server_, QStringLiteral(XVFB_PROGRAM),
-                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                     QStringLiteral("0"), QStringLiteral("1280x1024x24"),
-                     QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+                    {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
     if (number.isEmpty())
         return;
-    const QString name = QStringLiteral(":") + number;
     // A window may go between listing it and asking about it; that is no failure here.
     XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
-    connection_ = std::make_unique<Connection>();
-    connection_->display = XOpenDisplay(name.toLatin1().constData());
-    if (connection_->display != nullptr)
-        display_ = name;
+    connection_ = XOpenDisplay((":" + number).toLatin1().constData());
+    if (connection_ != nullptr)
+        display_ = ":" + number;
 }
 
 XServer::~XServer() {
-    connection_.reset();
-    // A terminated server removes its lock file and socket; a killed one would leave them.
-    server_.terminate();
-    server_.waitForFinished(5000);
-    endGroup(server_);
+    if (connection_ != nullptr)
+        XCloseDisplay(connection_);
+    endGroup(server_, true);
 }
 
 QProcessEnvironment XServer::programEnvironment() const {
     QProcessEnvironment environment;
-    environment.insert(QStringLiteral("DISPLAY"), display_);
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.insert("DISPLAY", display_);
+    environment.insert("QT_QPA_PLATFORM", "xcb");
     // Without an address, the bus library would launch a daemon of its own for the display,
     // one that leaves its process group and outlives the test.
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("disabled:"));
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     return environment;
 }
 
-namespace {
-
-QString titleOf(Display* display, Window window) {
-    // The UTF-8 title first, then the old one.
-    const Atom netName = XInternAtom(display, "_NET_WM_NAME", False);
-    const Atom utf8 = XInternAtom(display, "UTF8_STRING", False);
-    Atom type = None;
-    int format = 0;
-    unsigned long count = 0, after = 0;
-    unsigned char* data = nullptr;
-    if (XGetWindowProperty(display, window, netName, 0, 1024, False, utf8, &type, &format, &count,
-                           &after, &data) == Success &&
-        data != nullptr) {
-        const QString title =
-            QString::fromUtf8(reinterpret_cast<const char*>(data), static_cast<qsizetype>(count));
-        XFree(data);
-        return title;
-    }
-    char* name = nullptr;
-    if (XFetchName(display, window, &name) != 0 && name != nullptr) {
-        const QString title = QString::fromLocal8Bit(name);
-        XFree(name);
-        return title;
-    }
-    return {};
-}
-
-}  // namespace
-
 std::vector<unsigned long> XServer::windowsTitled(const QString& title) const {
     std::vector<unsigned long> found;
-    if (!running())
-        return found;
-    Display* display = connection_->display;
     Window root = 0, parent = 0;
     Window* children = nullptr;
     unsigned int count = 0;
-    XSync(display, False);
-    // With no window manager, the program's windows are the root's own children.
-    if (XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count) == 0) {
+    if (!running())
         return found;
-    }
+    XSync(connection_, False);
+    // With no window manager, the program's windows are the root's own children.
+    XQueryTree(connection_, DefaultRootWindow(connection_), &root, &parent, &children, &count);
     for (unsigned int i = 0; i < count; ++i) {
         XWindowAttributes attributes{};
-        if (XGetWindowAttributes(display, children[i], &attributes) == 0)
-            continue;
-        if (attributes.map_state != IsViewable)
-            continue;
-        if (titleOf(display, children[i]) == title)
+        if (XGetWindowAttributes(connection_, children[i], &attributes) != 0 &&
+            attributes.map_state == IsViewable && titleOf(connection_, children[i]) == title)
             found.push_back(children[i]);
     }
     if (children != nullptr)
@@ -247,84 +157,67 @@ std::vector<unsigned long> XServer::windowsTitled(const QString& title) const {
 }
 
 unsigned long XServer::waitForWindow(const QString& title, int timeoutMs) const {
-    QElapsedTimer clock;
-    clock.start();
-    do {
-        const auto windows = windowsTitled(title);
-        if (!windows.empty())
-            return windows.front();
-        QThread::msleep(50);
-    } while (clock.elapsed() < timeoutMs);
-    return 0;
+    std::vector<unsigned long> windows;
+    pollUntil(timeoutMs, [&] { return !(windows = windowsTitled(title)).empty(); });
+    return windows.empty() ? 0 : windows.front();
 }
 
 qint64 XServer::waitUntilGone(const QStringList& titles, int timeoutMs) const {
     QElapsedTimer clock;
     clock.start();
-    do {
-        const bool gone = std::all_of(titles.begin(), titles.end(), [this](const QString& title) {
-            return windowsTitled(title).empty();
-        });
-        if (gone)
-            return clock.elapsed();
-        QThread::msleep(5);
-    } while (clock.elapsed() < timeoutMs);
-    return -1;
+    const bool gone = pollUntil(
+        timeoutMs,
+        [&] {
+            return std::all_of(titles.begin(), titles.end(), [this](const QString& title) {
+                return windowsTitled(title).empty();
+            });
+        },
+        5);
+    return gone ? clock.elapsed() : -1;
 }
 
 void XServer::requestClose(unsigned long window) const {
-    Display* display = connection_->display;
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+    event.xclient.message_type = XInternAtom(connection_, "WM_PROTOCOLS", False);
     event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    event.xclient.data.l[0] =
+        static_cast<long>(XInternAtom(connection_, "WM_DELETE_WINDOW", False));
     event.xclient.data.l[1] = CurrentTime;
-    XSendEvent(display, window, False, NoEventMask, &event);
-    XFlush(display);
-}
-
-bool XServer::clickAndClose(QPoint at, unsigned long window) const {
-    if (!running())
-        return false;
-    Display* display = connection_->display;
-    int event = 0, error = 0, major = 0, minor = 0;
-    if (XTestQueryExtension(display, &event, &error, &major, &minor) == 0)
-        return false;
-    XTestFakeMotionEvent(display, DefaultScreen(display), at.x(), at.y(), CurrentTime);
-    XTestFakeButtonEvent(display, 1, True, CurrentTime);
-    XTestFakeButtonEvent(display, 1, False, CurrentTime);
-    // The server queues input of its own and sends a client's message at once: the round
-    // trip lets the click go out first, the close right behind it.
-    XSync(display, False);
-    requestClose(window);
-    return true;
+    XSendEvent(connection_, window, False, NoEventMask, &event);
+    XFlush(connection_);
 }
 
 QRect XServer::geometry(unsigned long window) const {
-    Display* display = connection_->display;
     XWindowAttributes attributes{};
-    if (XGetWindowAttributes(display, window, &attributes) == 0)
+    if (XGetWindowAttributes(connection_, window, &attributes) == 0)
         return {};
     int x = 0, y = 0;
     Window child = 0;
-    XTranslateCoordinates(display, window, DefaultRootWindow(display), 0, 0, &x, &y, &child);
+    XTranslateCoordinates(connection_, window, DefaultRootWindow(connection_), 0, 0, &x, &y,
+                          &child);
     return {x, y, attributes.width, attributes.height};
 }
 
 bool XServer::click(QPoint at) const {
-    QProcess xdotool;
-    startInOwnGroup(xdotool);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), display_);
-    xdotool.setProcessEnvironment(environment);
-    xdotool.start(QStringLiteral(XDOTOOL_PROGRAM),
-                  {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
-                   QStringLiteral("click"), QStringLiteral("1")});
-    const bool clicked = xdotool.waitForFinished(10'000) && xdotool.exitCode() == 0;
-    endGroup(xdotool);
-    return clicked;
+    int event = 0, error = 0, major = 0, minor = 0;
+    if (!running() || XTestQueryExtension(connection_, &event, &error, &major, &minor) == 0)
+        return false;
+    XTestFakeMotionEvent(connection_, DefaultScreen(connection_), at.x(), at.y(), CurrentTime);
+    XTestFakeButtonEvent(connection_, 1, True, CurrentTime);
+    XTestFakeButtonEvent(connection_, 1, False, CurrentTime);
+    XSync(connection_, False);
+    return true;
+}
+
+bool XServer::clickAndClose(QPoint at, unsigned long window) const {
+    // The server queues input of its own and sends a client's message at once: the round
+    // trip in click() lets the click go out first, the close right behind it.
+    if (!click(at))
+        return false;
+    requestClose(window);
+    return true;
 }
 
 // ---- DesktopSession ----
@@ -336,30 +229,22 @@ DesktopSession::DesktopSession() {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The bus hands these on to the services it starts (the accessibility bus wants the
     // display to announce itself on).
-    environment.insert(QStringLiteral("DISPLAY"), display());
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
+    environment.insert("DISPLAY", display());
+    environment.insert("XDG_RUNTIME_DIR", runtime_.path());
     bus_.setProcessEnvironment(environment);
-    busAddress_ = startServer(
-        bus_, QStringLiteral(DBUS_DAEMON_PROGRAM),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-         QStringLiteral("--print-address=1"),
-         QStringLiteral("--address=unix:path=") + runtime_.filePath(QStringLiteral("bus"))});
+    busAddress_ = startServer(bus_, QStringLiteral(DBUS_DAEMON_PROGRAM),
+                              {"--session", "--nofork", "--nopidfile", "--print-address=1",
+                               "--address=unix:path=" + runtime_.filePath("bus")});
 }
 
 DesktopSession::~DesktopSession() {
-    bus_.terminate();
-    bus_.waitForFinished(5000);
-    endGroup(bus_);
-}
-
-bool DesktopSession::running() const {
-    return XServer::running() && !busAddress_.isEmpty();
+    endGroup(bus_, true);
 }
 
 QProcessEnvironment DesktopSession::programEnvironment() const {
     QProcessEnvironment environment = XServer::programEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress_);
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime_.path());
+    environment.insert("DBUS_SESSION_BUS_ADDRESS", busAddress_);
+    environment.insert("XDG_RUNTIME_DIR", runtime_.path());
     return environment;
 }
 
@@ -373,47 +258,30 @@ std::unique_ptr<ProgramRun> DesktopSession::startProgram(
 
 // ---- ProgramRun ----
 
-namespace {
-constexpr const char* kOpenerLog = "opened.txt";
-constexpr const char* kErrorFile = "stderr.txt";
-}  // namespace
-
-ProgramRun::ProgramRun(const XServer& server)
-    : ProgramRun(server, QStringLiteral(TABLEWRIGHT_PROGRAM)) {}
-
 ProgramRun::ProgramRun(const XServer& server, const QString& program, const QStringList& arguments,
                        const QProcessEnvironment& extraEnvironment) {
     // The desktop's URL opener, as Qt looks for it on the search path.
-    const QString opener = folder_.filePath(QStringLiteral("xdg-open"));
-    QFile script(opener);
+    QFile script(file("xdg-open"));
     if (script.open(QIODevice::WriteOnly)) {
-        script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$(dirname \"$0\")/" +
-                     QByteArray(kOpenerLog) + "\"\n");
+        script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$(dirname \"$0\")/opened.txt\"\n");
         script.close();
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QProcessEnvironment session = server.programEnvironment();
-    for (const QString& name : session.keys())
-        environment.insert(name, session.value(name));
-    environment.insert(QStringLiteral("PATH"), folder_.path() + QStringLiteral(":") +
-                                                   environment.value(QStringLiteral("PATH")));
+    environment.insert(server.programEnvironment());
+    environment.insert("PATH", folder_.path() + ":" + environment.value("PATH"));
     // In a sanitizer build the leak checker's list of suppressions used would land on
     // stderr; the suppressions themselves come from the test's own environment.
-    if (environment.contains(QStringLiteral("LSAN_OPTIONS"))) {
-        environment.insert(QStringLiteral("LSAN_OPTIONS"),
-                           environment.value(QStringLiteral("LSAN_OPTIONS")) +
-                               QStringLiteral(":print_suppressions=0"));
+    if (environment.contains("LSAN_OPTIONS")) {
+        environment.insert("LSAN_OPTIONS",
+                           environment.value("LSAN_OPTIONS") + ":print_suppressions=0");
     }
-    for (const QString& name : extraEnvironment.keys())
-        environment.insert(name, extraEnvironment.value(name));
+    environment.insert(extraEnvironment);
     process_.setProcessEnvironment(environment);
     // A file rather than a pipe, so a talkative program never blocks on it.
-    process_.setStandardErrorFile(folder_.filePath(QString::fromLatin1(kErrorFile)));
+    process_.setStandardErrorFile(file("stderr.txt"));
     process_.setStandardOutputFile(QProcess::nullDevice());
-    startInOwnGroup(process_);
-    process_.start(program, arguments);
-    process_.waitForStarted(10'000);
+    startInOwnGroup(process_, program, arguments);
 }
 
 ProgramRun::~ProgramRun() {
@@ -421,64 +289,34 @@ ProgramRun::~ProgramRun() {
     endGroup(process_);
 }
 
-namespace {
-// The process and its children, grandchildren and so on (a program run under a tracer is
-// the tracer's child).
-QStringList processTree(qint64 root) {
-    QStringList pids{QString::number(root)};
-    for (qsizetype i = 0; i < pids.size(); ++i) {
-        QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(pids[i]));
-        if (children.open(QIODevice::ReadOnly))
-            pids +=
-                QString::fromLatin1(children.readAll()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    }
-    return pids;
+QString ProgramRun::file(const char* name) const {
+    return folder_.filePath(QString::fromLatin1(name));
 }
-}  // namespace
 
-bool ProgramRun::waitForLibrary(const QString& name, int timeoutMs) const {
-    QElapsedTimer clock;
-    clock.start();
-    do {
-        for (const QString& pid : processTree(process_.processId())) {
-            QFile maps(QStringLiteral("/proc/%1/maps").arg(pid));
-            if (maps.open(QIODevice::ReadOnly) && maps.readAll().contains(name.toLocal8Bit()))
-                return true;
-        }
-        QThread::msleep(50);
-    } while (clock.elapsed() < timeoutMs);
-    return false;
+namespace {
+
+QString contentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()) : QString();
 }
+
+}  // namespace
 
 qint64 ProgramRun::waitForExit(int timeoutMs) {
     QElapsedTimer clock;
     clock.start();
     const bool ended = process_.waitForFinished(timeoutMs);
-    const qint64 elapsed = clock.elapsed();
-    stderr_ = errorsSoFar();
-    return ended ? elapsed : -1;
-}
-
-QString ProgramRun::errorsSoFar() const {
-    QFile errors(folder_.filePath(QString::fromLatin1(kErrorFile)));
-    if (!errors.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromLocal8Bit(errors.readAll());
+    stderr_ = contentsOf(file("stderr.txt"));
+    return ended ? clock.elapsed() : -1;
 }
 
 QRegularExpressionMatch ProgramRun::waitForErrorLine(const QRegularExpression& line,
                                                      int timeoutMs) const {
-    QRegularExpression anyLine(line.pattern(),
-                               line.patternOptions() | QRegularExpression::MultilineOption);
-    QElapsedTimer clock;
-    clock.start();
+    const QRegularExpression anyLine(line.pattern(),
+                                     line.patternOptions() | QRegularExpression::MultilineOption);
     QRegularExpressionMatch match;
-    do {
-        match = anyLine.match(errorsSoFar());
-        if (match.hasMatch())
-            break;
-        QThread::msleep(50);
-    } while (clock.elapsed() < timeoutMs);
+    pollUntil(timeoutMs,
+              [&] { return (match = anyLine.match(contentsOf(file("stderr.txt")))).hasMatch(); });
     return match;
 }
 
@@ -492,19 +330,14 @@ QStringList ProgramRun::unexpectedErrorLines() const {
         R"(No suitable graphics backend found$|)"
         // and the scripted user's reports
         R"(visit: ))"));
-    QStringList unexpected;
-    for (const QString& line : stderr_.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-        if (!notice.match(line).hasMatch())
-            unexpected.append(line);
-    }
+    QStringList unexpected = stderr_.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    unexpected.removeIf([](const QString& line) { return notice.match(line).hasMatch(); });
     return unexpected;
 }
 
-QStringList ProgramRun::openedAddresses() const {
-    QFile log(folder_.filePath(QString::fromLatin1(kOpenerLog)));
-    if (!log.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromLocal8Bit(log.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+QStringList ProgramRun::openedAddresses(int timeoutMs) const {
+    pollUntil(timeoutMs, [this] { return QFile::exists(file("opened.txt")); });
+    return contentsOf(file("opened.txt")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 }  // namespace system_test

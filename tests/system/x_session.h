@@ -1,6 +1,6 @@
 // The built program in a private X server, acted on from outside as a user or the window
 // system would: windows found by their title, asked to close as a window manager's close box
-// asks (WM_DELETE_WINDOW), and clicked with the pointer (xdotool, or the XTEST extension).
+// asks (WM_DELETE_WINDOW), and clicked with the pointer (the XTEST extension).
 //
 // Use a DesktopSession to run the program as a desktop runs it:
 //
@@ -9,11 +9,9 @@
 //     auto run = desktop.startProgram();              // the built program, or any other file
 //     desktop.waitForWindow(system_test::kMainTitle, 30'000);
 //
-// Every process the harness starts (the X server, the bus, the program, tracers) runs in a
-// process group of its own, and everything in that group goes when its owner object goes:
-// a bus-started helper (the accessibility bus) with the bus, a browser-engine process with
-// the program. When the test process itself dies (a crash, a timeout's kill), a small reaper
-// forked at the first start kills every group still listed.
+// Every process the harness starts (the X server, the bus, the program) runs in a process
+// group of its own, and everything in that group goes when its owner object goes: a
+// bus-started helper with the bus, a browser-engine process with the program.
 #pragma once
 
 #include <QProcess>
@@ -25,6 +23,8 @@
 #include <QTemporaryDir>
 #include <memory>
 #include <vector>
+
+struct _XDisplay;
 
 namespace system_test {
 
@@ -40,11 +40,6 @@ bool engineModuleBuilt();
 // The test process's own application object, made once (Qt's processes and files need one).
 void startApplication();
 
-// Makes the process, when started, the leader of a new process group that the reaper knows.
-void startInOwnGroup(QProcess& process);
-// Kills everything left in the group of a process started so, and waits for the process.
-void endGroup(QProcess& process);
-
 // An Xvfb of its own on the first free display, for the life of the object.
 class XServer {
   public:
@@ -53,7 +48,7 @@ class XServer {
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;
 
-    virtual bool running() const { return !display_.isEmpty(); }
+    virtual bool running() const { return connection_ != nullptr; }
     QString display() const { return display_; }
     // What a program run here gets in its environment: the display, Qt's X platform, and no
     // session bus (so none is started behind the test's back either).
@@ -70,7 +65,7 @@ class XServer {
     void requestClose(unsigned long window) const;
     // The window's place on the screen in pixels.
     QRect geometry(unsigned long window) const;
-    // Moves the pointer there and clicks the left button (xdotool).
+    // Moves the pointer there and clicks the left button.
     bool click(QPoint at) const;
     // Clicks there and asks the window to close in the same breath, as a user who clicks and
     // hits the close box at once: the program finds both in its queue, the click first.
@@ -79,8 +74,7 @@ class XServer {
   private:
     QProcess server_;
     QString display_;
-    struct Connection;
-    std::unique_ptr<Connection> connection_;
+    _XDisplay* connection_ = nullptr;
 };
 
 class ProgramRun;
@@ -92,10 +86,9 @@ class DesktopSession : public XServer {
     DesktopSession();
     ~DesktopSession() override;
 
-    bool running() const override;
+    bool running() const override { return XServer::running() && !busAddress_.isEmpty(); }
     QProcessEnvironment programEnvironment() const override;
     QString runtimeFolder() const { return runtime_.path(); }
-    QString busAddress() const { return busAddress_; }
 
     // Starts the built program (or `program`) here; started() tells whether it did.
     std::unique_ptr<ProgramRun> startProgram(const QStringList& arguments = {},
@@ -108,21 +101,16 @@ class DesktopSession : public XServer {
     QString busAddress_;
 };
 
-// One run of the program in that server. A stand-in for the desktop's URL opener is put
-// first on its search path, so a page it opens is recorded rather than shown.
+// One run of a program in that server, with these arguments and these variables added to
+// its environment. A stand-in for the desktop's URL opener is put first on its search path,
+// so a page it opens is recorded rather than shown.
 class ProgramRun {
   public:
-    explicit ProgramRun(const XServer& server);
-    // Runs the program file given, e.g. a copy in an application folder of the test's own,
-    // with these arguments and these variables added to its environment.
     ProgramRun(const XServer& server, const QString& program, const QStringList& arguments = {},
                const QProcessEnvironment& extraEnvironment = {});
     ~ProgramRun();
 
     bool started() const { return process_.state() == QProcess::Running; }
-    // True once the process, or a process it started, has loaded a library whose file name
-    // contains `name`, polling until then (Linux: its memory map lists the files it mapped).
-    bool waitForLibrary(const QString& name, int timeoutMs) const;
     // Waits for the process to end; the elapsed milliseconds, or -1 when it did not end.
     qint64 waitForExit(int timeoutMs);
     int exitCode() const { return process_.exitCode(); }
@@ -134,11 +122,12 @@ class ProgramRun {
     // Polls what the program has written on stderr so far until a line matches; the match,
     // with no match when none came in time.
     QRegularExpressionMatch waitForErrorLine(const QRegularExpression& line, int timeoutMs) const;
-    // The addresses handed to the desktop's URL opener so far.
-    QStringList openedAddresses() const;
+    // The addresses handed to the desktop's URL opener, waiting up to `timeoutMs` for the
+    // first: the opener is started and not waited for, and may write after the program ended.
+    QStringList openedAddresses(int timeoutMs = 0) const;
 
   private:
-    QString errorsSoFar() const;
+    QString file(const char* name) const;
 
     QTemporaryDir folder_;
     QProcess process_;
