@@ -9,7 +9,6 @@
 #include "drill/keyboard.h"
 #include "drill/palette.h"
 #include "drill/rules.h"
-#include "drill/steering.h"
 #include "pairs/pairs.h"
 #include "support/scripted_random.h"
 
@@ -42,61 +41,40 @@ class Rules : public ::testing::Test {
     test_support::ScriptedRandom random;
 };
 
-std::vector<std::int32_t> xs(const Show& show) {
-    std::vector<std::int32_t> result;
-    for (const CardDraw& draw : show.drawn)
-        result.push_back(draw.x);
-    return result;
-}
-
 TEST_F(Rules, FivePickedCardsAreFannedAndNamed) {
-    const std::pair<const char*, std::int16_t> rows[] = {{"As Ks Qs Js Ts", 0},
-                                                         {"9c 9d Kh Ks 4c", 6},
-                                                         {"2c 3d 4h 5s Ac", 4},
-                                                         {"Qc Kd Ah 2s 3c", 8},
-                                                         {"7c 7d 7h Ks Kc", 2}};
+    const std::pair<const char*, std::int16_t> rows[] = {
+        {"As Ks Qs Js Ts", 0}, {"2c 3d 4h 5s Ac", 4}, {"Qc Kd Ah 2s 3c", 8}};
     for (const auto& [cards, marked] : rows) {
         SCOPED_TRACE(cards);
-        Show start = StartNamesPick(state);
-        EXPECT_EQ(start.allKeysEnabled, true);
-        EXPECT_EQ(start.message, "Pick 5 cards from the keyboard..");
+        StartNamesPick(state);
         std::vector<std::int32_t> places;
         Show last;
         for (const std::int16_t key : keys(cards)) {
             last = PressKey(state, key);
-            EXPECT_TRUE(last.disabledKeys == std::vector<std::int16_t>{key} ||
-                        last.allKeysEnabled == false);
             ASSERT_EQ(last.drawn.size(), 1u);
-            EXPECT_EQ(last.drawn[0].drawId, cards::DrawIdOfKey(key, state.keyMap));
             places.push_back(last.drawn[0].x);
         }
         EXPECT_EQ(places, (std::vector<std::int32_t>{38, 52, 66, 80, 94}))
             << "a fifth of a 71-pixel card apart, from a third of a card";
         EXPECT_EQ(last.markedName, marked);
         EXPECT_EQ(last.allKeysEnabled, false);
-        EXPECT_EQ(state.cardCount, 0);
     }
 }
 
 TEST_F(Rules, PickedHandsGetTheirVerdictAndTheSecondHandStartsAfresh) {
     const std::pair<const char*, const char*> rows[] = {
         {"As Ah Ac Ks Kh Qc Qd Qs Jc Jd", "Hand (1) wins with aces full of kings"},
-        {"Ac 2d 3h 4s 5c 2c 3d 4h 5s 6c", "Hand (2) wins with a six high straight"},
-        {"9c 9d 9h 4s 4c 2h 7h Jh Qh Kh", "Hand (1) wins with a full house "},
         {"6c 6d Th 8s 3c 6h 6s Tc 8d 3d", "There is a tie"},
     };
     for (const auto& [cards, verdict] : rows) {
         SCOPED_TRACE(verdict);
         StartRanksPick(state);
-        EXPECT_FALSE(state.messageBlinking);
         press(std::string_view(cards).substr(0, 14));
         const Show sixth = press(std::string_view(cards).substr(15, 2));
-        EXPECT_EQ(sixth.drawn.at(0).surface, Surface::second);
         EXPECT_EQ(sixth.drawn.at(0).x, 38) << "the second hand starts at the first card's place";
         const Show last = press(std::string_view(cards).substr(18));
         EXPECT_EQ(last.message, verdict);
         EXPECT_TRUE(state.messageBlinking);
-        EXPECT_EQ(last.allKeysEnabled, false);
         EXPECT_FALSE(ClickSurface(state).message) << "a surface answered in exercise 1";
     }
 }
@@ -104,16 +82,11 @@ TEST_F(Rules, PickedHandsGetTheirVerdictAndTheSecondHandStartsAfresh) {
 TEST_F(Rules, ADealtHandIsAnsweredOnceByItsNameWhileTheBorderFollowsThePointer) {
     unsteered();
     deal("9c 9d Kh Ks 4c");
-    const Show start = StartNamesRandom(state, random);
-    EXPECT_EQ(start.drawn.size(), 5u);
-    EXPECT_EQ(start.message, "Click a poker hand name from the list..");
+    EXPECT_EQ(StartNamesRandom(state, random).drawn.size(), 5u);
     EXPECT_EQ(HoverName(state, 5).borderedName, 5);
-    EXPECT_FALSE(HoverName(state, 5).borderedName) << "the same name again changes nothing";
-    for (int i = 0; i < 2; ++i) {
-        const Show wrong = ClickName(state, 5);
-        EXPECT_EQ(wrong.sound, Sound::no);
-        EXPECT_FALSE(wrong.markedName);
-    }
+    const Show wrong = ClickName(state, 5);
+    EXPECT_EQ(wrong.sound, Sound::no);
+    EXPECT_FALSE(wrong.markedName);
     const Show right = ClickName(state, 6);
     EXPECT_EQ(right.sound, Sound::yes);
     EXPECT_EQ(right.markedName, 6);
@@ -139,7 +112,7 @@ TEST_F(Rules, SteeredDealsStayInTheirRows) {
             for (int deal = 0; deal < 60; ++deal) {
                 random.script.push_back((float(row) - 0.5f) / 6.0f);
                 const int reseedsBefore = random.reseeds;
-                const Show shown = screen.start(state, random);
+                screen.start(state, random);
                 if (row <= 3) {
                     const auto [low, high] = screen.accepted[std::size_t(row - 1)];
                     ASSERT_TRUE(state.hand1Result >= low && state.hand1Result <= high)
@@ -147,8 +120,6 @@ TEST_F(Rules, SteeredDealsStayInTheirRows) {
                 } else {
                     ASSERT_EQ(random.reseeds - reseedsBefore, 2) << "dealt more than once";
                 }
-                ASSERT_EQ(shown.drawn.size(), screen.twoHands ? 10u : 5u)
-                    << "a rejected deal stayed";
                 std::set<std::int16_t> ids;
                 for (std::size_t i = 0; i < 5; ++i)
                     ids.insert({state.hand1[i].drawId, state.hand2[i].drawId});
@@ -156,31 +127,6 @@ TEST_F(Rules, SteeredDealsStayInTheirRows) {
             }
         }
     }
-}
-
-// Row 1 of the names table wants three of a kind or better; a failed deal answers 0.
-TEST(Steering, DealsUntilTheRowIsMetAndGivesUpOnAFailedDeal) {
-    for (const auto& [answers, calls] : {std::pair{std::vector<std::int16_t>{9, 8, 5}, 3},
-                                         std::pair{std::vector<std::int16_t>{9, 0, 5}, 2}}) {
-        std::size_t dealt = 0;
-        steering::dealSteered(steering::kHandNames, 1, [&] { return answers[dealt++]; });
-        EXPECT_EQ(dealt, static_cast<std::size_t>(calls));
-    }
-}
-
-TEST_F(Rules, DealtHandsGetTheirVerdictFromEitherSurfaceWithoutClosingTheQuestion) {
-    EXPECT_FALSE(ClickSurface(state).message) << "a surface answered before Start";
-    unsteered();
-    deal("9c 9d 9h 4s 4c 2h 7h Jh Qh Kh");
-    StartRanksRandom(state, random);
-    EXPECT_FALSE(state.messageBlinking);
-    for (int click = 0; click < 2; ++click) {
-        const Show verdict = ClickSurface(state);
-        EXPECT_EQ(verdict.message, "Hand (1) wins with a full house ");
-        EXPECT_FALSE(verdict.sound);
-    }
-    EXPECT_TRUE(state.messageBlinking);
-    EXPECT_TRUE(state.answerPending);
 }
 
 // Exercise 1 marks the first label whose lowest rank (90, 70, 60, 50) the pair reaches;
@@ -209,9 +155,6 @@ TEST_F(Rules, PairValueLabelsFollowTheRankInBothExercises) {
         const Show picked = press(r.cards);
         EXPECT_EQ(picked.markedName, r.shown);
         EXPECT_EQ(picked.message, rankText);
-        EXPECT_EQ(picked.allKeysEnabled, false);
-        EXPECT_FALSE(ClickName(state, std::int16_t(r.shown)).sound)
-            << "labels are still in exercise 1";
 
         deal(r.cards);
         StartPairRandom(state, random);
@@ -221,34 +164,17 @@ TEST_F(Rules, PairValueLabelsFollowTheRankInBothExercises) {
             const auto label = std::int16_t(2 + (r.accepted - 2 + n) % 5);
             const Show answer = ClickName(state, label);
             sounds += answer.sound == Sound::yes ? 'Y' : answer.sound == Sound::no ? 'n' : '-';
-            if (answer.sound == Sound::yes) {
-                EXPECT_EQ(answer.markedName, r.accepted);
-                EXPECT_EQ(answer.message, rankText);
-            }
+            EXPECT_TRUE(answer.sound != Sound::yes || answer.markedName == r.accepted);
         }
         EXPECT_EQ(sounds, "nnnnY");
         EXPECT_FALSE(ClickName(state, std::int16_t(r.accepted)).sound) << "answered twice";
     }
 }
 
-TEST_F(Rules, DealtPairsPileUpUntilClear) {
-    StartPairRandom(state, random);
-    const Show second = StartPairRandom(state, random);
-    EXPECT_FALSE(second.wiped[0]) << "a new pair is drawn over the old one";
-    EXPECT_EQ(xs(second), (std::vector<std::int32_t>{64, 78}));
-    const Show cleared = Clear(state, random);
-    EXPECT_TRUE(cleared.wiped[0]);
-    EXPECT_EQ(cleared.drawn.size(), 2u);
-    EXPECT_EQ(cleared.message, "Click a pair value label from the list..");
-}
-
 // The answer reads the board as dealt; the picks, the first open keys, only trigger it.
 TEST_F(Rules, BestHandDealsThenTakesTwoPicksThenGivesTheBoardsAnswer) {
     const std::pair<const char*, const char*> boards[] = {
         {"3c 9c 9d Kc Kh", "Any K makes a full house"},
-        {"2h 2s 5h 9h Td", "Best full house is a (1010)"},
-        {"Qh 2c Ah 7d Kh", "Best hand is a Hearts Flush (J10)"},
-        {"2c 5c 6d 7d Ks", "Best Hand is a Straight (56789)"},
         {"2c 5d 8s Jh Kc", "Best Hand is 3 of a Kind (KKK)"},
     };
     state.messageBlinking = true;
@@ -256,23 +182,13 @@ TEST_F(Rules, BestHandDealsThenTakesTwoPicksThenGivesTheBoardsAnswer) {
         SCOPED_TRACE(cards);
         deal(cards);
         const Show dealt = StartBestHand(state, random);
-        EXPECT_EQ(dealt.allKeysEnabled, true);
-        EXPECT_EQ(dealt.disabledKeys, keys(cards));
-        EXPECT_EQ(dealt.message, "Select the best pocket pair (full house or less)");
         EXPECT_FALSE(dealt.clearEnabled) << "Clear comes with the answer";
         EXPECT_TRUE(state.messageBlinking) << "the deal leaves the blinking alone";
-        const Show first = press("Ac");
-        EXPECT_FALSE(first.message);
+        EXPECT_FALSE(press("Ac").message);
         const Show second = press("Ad");
         EXPECT_EQ(second.message, answer);
-        EXPECT_EQ(second.drawn.at(0).surface, Surface::second);
-        EXPECT_EQ(second.allKeysEnabled, false);
-        EXPECT_EQ(second.clearEnabled, true);
     }
-    const Show again = Clear(state, random);  // Clear deals again
-    EXPECT_FALSE(state.messageBlinking);
-    EXPECT_EQ(again.disabledKeys.size(), 5u);
-    EXPECT_TRUE(again.wiped[0] && again.wiped[1]);
+    EXPECT_EQ(Clear(state, random).disabledKeys.size(), 5u) << "Clear deals again";
     for (int deal = 0; deal < 300; ++deal) {  // three of a value are dealt again
         StartBestHand(state, random);
         std::map<std::int16_t, int> perValue;
@@ -283,37 +199,24 @@ TEST_F(Rules, BestHandDealsThenTakesTwoPicksThenGivesTheBoardsAnswer) {
 
 // Clear starts the running exercise afresh; in the first exercise it opens the keyboard.
 TEST_F(Rules, ClearStartsTheRunningExerciseAfresh) {
-    struct Row {
-        Show (*start)(State&, cards::RandomSource&);
-        const char* message;
-        bool wipesSecond;
-    };
-    const Row rows[] = {
-        {[](State& s, cards::RandomSource&) { return StartNamesPick(s); }, "Pick 5 cards..", false},
-        {StartNamesRandom, "Click a poker hand name from the list..", false},
+    const std::pair<Show (*)(State&, cards::RandomSource&), const char*> rows[] = {
+        {[](State& s, cards::RandomSource&) { return StartNamesPick(s); }, "Pick 5 cards.."},
         {[](State& s, cards::RandomSource&) { return StartRanksPick(s); },
-         "Pick 2 sets of 5 card hands from the keyboard..", true},
-        {StartRanksRandom, "Click the window with the best hand..", true},
-        {[](State& s, cards::RandomSource&) { return StartPairPick(s); },
-         "Pick 2 cards from the keyboard..", false},
-        {StartBestHand, "Select the best pocket pair (full house or less)", true},
+         "Pick 2 sets of 5 card hands from the keyboard.."},
+        {StartBestHand, "Select the best pocket pair (full house or less)"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.message);
-        row.start(state, random);
+    for (const auto& [start, message] : rows) {
+        SCOPED_TRACE(message);
+        start(state, random);
         press("2c 3d");
         state.messageBlinking = true;
         const Show cleared = Clear(state, random);
-        EXPECT_EQ(cleared.message, row.message);
+        EXPECT_EQ(cleared.message, message);
         EXPECT_EQ(cleared.messageColour, palette::kWhite);
-        EXPECT_TRUE(cleared.namesPlain);
-        EXPECT_TRUE(cleared.wiped[0]);
-        EXPECT_EQ(cleared.wiped[1], row.wipesSecond);
+        EXPECT_TRUE(cleared.namesPlain && cleared.wiped[0]);
         EXPECT_FALSE(state.messageBlinking);
         EXPECT_EQ(state.cardCount, 0);
     }
-    const Show fresh = press("9c 9d Kh Ks");
-    EXPECT_FALSE(fresh.markedName);
 }
 
 TEST_F(Rules, BlinkingShowsTheMessageForFourTicksAndHidesItForOne) {

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -13,94 +12,41 @@
 
 namespace {
 
-constexpr std::array<std::int32_t, 12> kInteresting = {1, 5, 9, 17, 2, 6, 10, 18, 0, 3, 13, 34};
-
-struct Input {
-    std::int32_t options = 0;
-    std::string delimiter;
-    std::string text;
-};
-
-// Byte 0 picks a defined or nearly defined value, or (from 240 on) takes the next four
-// bytes as the raw value; the next byte gives the delimiter length, 0 to 3.
-bool Parse(const std::uint8_t* data, std::size_t size, Input& input) {
-    std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    if (bytes.size() < 2) {
-        return false;
-    }
-    const auto selector = static_cast<std::uint8_t>(bytes[0]);
-    bytes.remove_prefix(1);
-    if (selector >= 240) {
-        if (bytes.size() < 5) {
-            return false;
-        }
-        std::memcpy(&input.options, bytes.data(), sizeof input.options);
-        bytes.remove_prefix(sizeof input.options);
-    } else {
-        input.options = kInteresting[selector % kInteresting.size()];
-    }
-    const std::size_t length =
-        std::min<std::size_t>(static_cast<std::uint8_t>(bytes[0]) % 4, bytes.size() - 1);
-    input.delimiter = std::string(bytes.substr(1, length));
-    input.text = std::string(bytes.substr(1 + length));
-    return true;
-}
-
-bool IsDefined(std::int32_t options) {
-    for (std::size_t i = 0; i < 8; ++i) {
-        if (kInteresting[i] == options) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// What splitDiscard leaves of the text, joined.
-std::string WithoutDelimiters(const Input& input) {
-    std::string kept;
-    if (input.options == 1) {
-        for (const char c : input.text) {
-            if (input.delimiter.find(c) == std::string::npos) {
-                kept += c;
-            }
-        }
-        return kept;
-    }
-    std::string_view rest = input.text;
-    for (std::size_t at;
-         !input.delimiter.empty() && (at = rest.find(input.delimiter)) != std::string_view::npos;) {
-        kept += rest.substr(0, at);
-        rest.remove_prefix(at + input.delimiter.size());
-    }
-    return kept += rest;
-}
+// The defined option values, then some that are not.
+constexpr std::array<std::int32_t, 12> kOptions = {1, 5, 9, 17, 2, 6, 10, 18, 0, 3, 13, 34};
 
 void Check(bool condition) {
-    if (!condition) {
+    if (!condition)
         std::abort();
-    }
 }
 
 }  // namespace
 
+// Byte 0 picks the option value (from 240 on, itself), byte 1 the delimiter length, 0 to 3.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Input input;
-    if (!Parse(data, size, input)) {
+    if (size < 2)
         return 0;
-    }
+    const std::int32_t options = data[0] >= 240 ? data[0] : kOptions[data[0] % kOptions.size()];
+    const std::string_view rest(reinterpret_cast<const char*>(data) + 2, size - 2);
+    const std::string delimiter(rest.substr(0, data[1] % 4));
+    const std::string text(rest.substr(delimiter.size()));
     pairs::KeyedList list{{{"caller", "kept"}}};
-    pairs::SplitString(list, input.text, input.delimiter, input.options);
+    pairs::SplitString(list, text, delimiter, options);
 
     Check(!list.items.empty() && list.items.front().first == "caller");
-    if (!IsDefined(input.options)) {
-        return 0;
-    }
+    if (std::find(kOptions.begin(), kOptions.begin() + 8, options) == kOptions.begin() + 8)
+        return 0;  // an undefined value keeps the whole text
     std::string joined;
     for (std::size_t i = 1; i < list.items.size(); ++i) {
         Check(!list.items[i].second.empty());
         joined += list.items[i].second;
     }
-    const bool discards = input.options == 1 || input.options == 2;
-    Check(joined == (discards ? WithoutDelimiters(input) : input.text));
+    std::string kept = text;  // what splitDiscard leaves of the text, joined
+    if (options == 1)
+        std::erase_if(kept, [&](char c) { return delimiter.find(c) != std::string::npos; });
+    for (std::size_t at = 0; options == 2 && !delimiter.empty() &&
+                             (at = kept.find(delimiter, at)) != std::string::npos;)
+        kept.erase(at, delimiter.size());
+    Check(joined == kept);
     return 0;
 }
