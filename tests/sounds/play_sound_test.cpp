@@ -12,6 +12,7 @@ TEST(PlaySound, PlaysAFileThatIsThereAndNoneThatIsMissing) {
     char name[] = "play_sound_test";
     char* argv[] = {name};
     QCoreApplication app(argc, argv);
+    platform::setApplicationFolder(QStringLiteral(TABLEWRIGHT_APP_DIR));
     platform::PlaySound(TABLEWRIGHT_WAVS_DIR "/missing.wav");
     EXPECT_TRUE(app.findChildren<QSoundEffect*>().isEmpty()) << "a missing file was loaded";
     const QString yes = TABLEWRIGHT_WAVS_DIR "/yes.wav";
