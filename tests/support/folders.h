@@ -16,12 +16,10 @@ inline void copyFolder(const QString& from, const QString& to) {
     while (it.hasNext()) {
         const QString path = it.next();
         const QString target = to + path.mid(from.size());
-        if (it.fileInfo().isDir()) {
+        if (it.fileInfo().isDir())
             QDir().mkpath(target);
-        } else {
-            QFile::copy(path, target);
-            QFile::setPermissions(target, QFileInfo(path).permissions());
-        }
+        else if (QFile::copy(path, target))
+            QFile::setPermissions(target, it.fileInfo().permissions());
     }
 }
 

@@ -1,7 +1,5 @@
 #include "window_fixture.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include "platform/treeview.h"
@@ -14,13 +12,12 @@ QApplication& app() {
     static int argc = 1;
     static char name[] = "tablewright_tests";
     static char* argv[] = {name, nullptr};
-    static QApplication* application = [] {
+    if (qApp == nullptr) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        auto* a = new QApplication(argc, argv);
-        a->setApplicationName(QStringLiteral("Tablewright"));
-        return a;
-    }();
-    return *application;
+        new QApplication(argc, argv);  // lives as long as the process
+        QApplication::setApplicationName(QStringLiteral("Tablewright"));
+    }
+    return *qApp;
 }
 
 void WindowTest::SetUp() {
@@ -53,7 +50,7 @@ void WindowTest::startWindow() {
     form->Form_Load();
     form->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
-    serveEvents();
+    QCoreApplication::processEvents();
 }
 
 void WindowTest::clickTopic(const QString& text) {
@@ -65,12 +62,6 @@ void WindowTest::clickTopic(const QString& text) {
         }
     }
     ADD_FAILURE() << "no tree entry " << text.toStdString();
-}
-
-void WindowTest::serveEvents(int milliseconds) {
-    QCoreApplication::processEvents(QEventLoop::AllEvents);
-    if (milliseconds > 0)
-        QTest::qWait(milliseconds);
 }
 
 int WindowTest::markedName() const {

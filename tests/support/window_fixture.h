@@ -20,8 +20,6 @@ namespace test_support {
 // The one application object of the test process (offscreen platform).
 QApplication& app();
 
-using test_support::ScriptedRandom;
-
 struct Recorder {
     std::vector<QString> messages;
     std::vector<QString> sounds;
@@ -38,12 +36,9 @@ class WindowTest : public ::testing::Test {
     void startWindow();
     // The application folder before the window starts (remove files to test their absence).
     QString appFolder() const { return folder_.path(); }
-    QString appFile(const QString& relative) const { return folder_.filePath(relative); }
 
     // A click on the tree entry with this text (as a user's click).
     void clickTopic(const QString& text);
-    // Serves pending events (paint, timers due).
-    static void serveEvents(int milliseconds = 0);
     // The label row (0..8) whose look is "marked", or -1.
     int markedName() const;
     // The keys a user can press.
