@@ -10,7 +10,6 @@
 namespace test_support {
 
 inline void copyFolder(const QString& from, const QString& to) {
-    QDir().mkpath(to);
     QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {

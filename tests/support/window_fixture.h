@@ -20,13 +20,6 @@ namespace test_support {
 // The one application object of the test process (offscreen platform).
 QApplication& app();
 
-struct Recorder {
-    std::vector<QString> messages;
-    std::vector<QString> sounds;
-    std::vector<QString> addresses;
-    std::vector<int> ends;
-};
-
 class WindowTest : public ::testing::Test {
   protected:
     void SetUp() override;
@@ -58,7 +51,10 @@ class WindowTest : public ::testing::Test {
     }
 
     std::unique_ptr<frmMain> form;
-    Recorder recorded;
+    struct {
+        std::vector<QString> messages, sounds, addresses;  // message boxes, sounds, opened
+        std::vector<int> ends;                             // program ends
+    } recorded;
     ScriptedRandom* random = nullptr;  // owned by the seams
 
   private:
