@@ -56,10 +56,9 @@ TEST_F(PromotionTest, OnePassDealsSpreadsTheBoardClearsTheTableAndStacksItAgainA
     AnimationLog log;
     startWindow();
     QApplication::closeAllWindows();
-    ASSERT_NE(qobject_cast<frmPacific2*>(form->promotionWindow()), nullptr);
     const auto clearing = std::find(log.entries.begin(), log.entries.end(), "-Picture2(0)");
     const auto nextDeal = std::find(clearing, log.entries.end(), "+Picture2(0)");
-    ASSERT_EQ(nextDeal + 1, log.entries.end())
+    ASSERT_EQ(nextDeal - log.entries.begin() + 1, std::ssize(log.entries))  // the last: the close
         << "nothing shows or hides once the window is closed";
     EXPECT_EQ(log.entries.at(8), "+Picture3");
     const auto hidden =
@@ -67,15 +66,17 @@ TEST_F(PromotionTest, OnePassDealsSpreadsTheBoardClearsTheTableAndStacksItAgainA
     EXPECT_EQ(hidden * 2, nextDeal - log.entries.begin()) << "all hidden before the next deal";
     EXPECT_GT(log.boardLefts[std::size_t(clearing - log.entries.begin())], log.boardLefts[0]);
     EXPECT_EQ(log.boardLefts.back(), log.boardLefts.front()) << "stacked again";
-    EXPECT_EQ(form->promotionWindow()->Picture1.at(1)->Left(), log.boardLefts.back())
-        << "no slide after the close";
 }
 
+// A close that comes while the address opens (the session ending, say) runs no promotion.
 TEST_F(PromotionTest, TheLinkLeavesAtOnceAndNoPromotionFollows) {
     startWindow();
+    platform::seams().openAddress = [this](const QString& address) {
+        recorded.addresses.push_back(address);
+        QTimer::singleShot(0, form.get(), [this] { form->close(); });
+    };
     form->lblEnough_Click();
     EXPECT_THAT(recorded.addresses, ElementsAre(QStringLiteral(TABLEWRIGHT_SCHOOL_URL)));
-    form->close();
     EXPECT_EQ(form->promotionWindow(), nullptr);
     EXPECT_THAT(recorded.ends, ElementsAre(0));
 }

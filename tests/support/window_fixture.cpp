@@ -61,13 +61,6 @@ void WindowTest::clickTopic(const QString& text) {
     form->TreeView1_NodeClick(index);
 }
 
-int WindowTest::markedName() const {
-    for (int i = 0; i < 9; ++i)
-        if (name(i)->BackColor() == 0 && name(i)->ForeColor() == 0xE0E0E0)
-            return i;
-    return -1;
-}
-
 std::vector<int> WindowTest::enabledKeys() const {
     std::vector<int> keys;
     for (int i = 0; i < 52; ++i)

@@ -32,8 +32,6 @@ class WindowTest : public ::testing::Test {
 
     // A click on the tree entry with this text (as a user's click).
     void clickTopic(const QString& text);
-    // The label row (0..8) whose look is "marked", or -1.
-    int markedName() const;
     // The keys a user can press.
     std::vector<int> enabledKeys() const;
     // A control of the window by its name, as a user's tools find it.
