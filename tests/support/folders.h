@@ -10,18 +10,15 @@
 namespace test_support {
 
 inline void copyFolder(const QString& from, const QString& to) {
-    QDir().mkpath(to);
     QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
         const QString target = to + path.mid(from.size());
-        if (it.fileInfo().isDir()) {
+        if (it.fileInfo().isDir())
             QDir().mkpath(target);
-        } else {
-            QFile::copy(path, target);
-            QFile::setPermissions(target, QFileInfo(path).permissions());
-        }
+        else if (QFile::copy(path, target))
+            QFile::setPermissions(target, it.fileInfo().permissions());
     }
 }
 

@@ -36,11 +36,9 @@ template <typename CardOfKey>
 std::vector<std::int16_t> keysOf(std::string_view cards, CardOfKey cardOfKey) {
     std::vector<std::int16_t> keys;
     for (std::size_t at = 0; at + 1 < cards.size(); at += 3) {
-        const auto value = std::int16_t(std::string_view("A23456789TJQK").find(cards[at]) + 1);
-        const auto suit = std::int16_t(std::string_view("cdhs").find(cards[at + 1]));
         for (std::int16_t k = 0; k < 52; ++k) {
             const cards::Card card = cardOfKey(k);
-            if (card.value == value && card.suit == suit)
+            if ("A23456789TJQK"[card.value - 1] == cards[at] && "cdhs"[card.suit] == cards[at + 1])
                 keys.push_back(k);
         }
     }

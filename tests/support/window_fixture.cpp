@@ -1,7 +1,5 @@
 #include "window_fixture.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include "lessonpane/webbrowser.h"
@@ -14,13 +12,12 @@ QApplication& app() {
     static int argc = 1;
     static char name[] = "tablewright_tests";
     static char* argv[] = {name, nullptr};
-    static QApplication* application = [] {
+    if (qApp == nullptr) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        auto* a = new QApplication(argc, argv);
-        a->setApplicationName(QStringLiteral("Tablewright"));
-        return a;
-    }();
-    return *application;
+        new QApplication(argc, argv);  // lives as long as the process
+        QApplication::setApplicationName(QStringLiteral("Tablewright"));
+    }
+    return *qApp;
 }
 
 void WindowTest::SetUp() {
@@ -37,9 +34,8 @@ void WindowTest::SetUp() {
     seams.endProgram = [this](int code) { recorded.ends.push_back(code); };
     seams.screenWidthPixels = [] { return 1280; };
     seams.waitScale = 0;
-    auto scripted = std::make_unique<ScriptedRandom>();
-    random = scripted.get();
-    seams.random = std::move(scripted);
+    seams.random = std::make_unique<ScriptedRandom>();
+    random = static_cast<ScriptedRandom*>(seams.random.get());
 }
 
 void WindowTest::TearDown() {
@@ -53,40 +49,23 @@ void WindowTest::startWindow() {
     form->Form_Load();
     form->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
-    serveEvents();
+    QCoreApplication::processEvents();
 }
 
 void WindowTest::clickTopic(const QString& text) {
     const auto* tree = child<platform::TreeView>(QStringLiteral("TreeView1"));
-    for (int index = 1; index <= tree->nodeCount(); ++index) {
-        if (tree->nodeText(index) == text) {
-            form->TreeView1_NodeClick(index);
-            return;
-        }
-    }
-    ADD_FAILURE() << "no tree entry " << text.toStdString();
-}
-
-void WindowTest::serveEvents(int milliseconds) {
-    QCoreApplication::processEvents(QEventLoop::AllEvents);
-    if (milliseconds > 0)
-        QTest::qWait(milliseconds);
-}
-
-int WindowTest::markedName() const {
-    for (int i = 0; i < 9; ++i) {
-        if (name(i)->BackColor() == 0 && name(i)->ForeColor() == 0xE0E0E0)
-            return i;
-    }
-    return -1;
+    int index = tree->nodeCount();
+    while (index > 0 && tree->nodeText(index) != text)
+        --index;
+    ASSERT_GT(index, 0) << "no tree entry " << text.toStdString();
+    form->TreeView1_NodeClick(index);
 }
 
 std::vector<int> WindowTest::enabledKeys() const {
     std::vector<int> keys;
-    for (int i = 0; i < 52; ++i) {
+    for (int i = 0; i < 52; ++i)
         if (key(i)->isEnabledTo(key(i)->parentWidget()))
             keys.push_back(i);
-    }
     return keys;
 }
 

@@ -20,15 +20,6 @@ namespace test_support {
 // The one application object of the test process (offscreen platform).
 QApplication& app();
 
-using test_support::ScriptedRandom;
-
-struct Recorder {
-    std::vector<QString> messages;
-    std::vector<QString> sounds;
-    std::vector<QString> addresses;
-    std::vector<int> ends;
-};
-
 class WindowTest : public ::testing::Test {
   protected:
     void SetUp() override;
@@ -38,14 +29,9 @@ class WindowTest : public ::testing::Test {
     void startWindow();
     // The application folder before the window starts (remove files to test their absence).
     QString appFolder() const { return folder_.path(); }
-    QString appFile(const QString& relative) const { return folder_.filePath(relative); }
 
     // A click on the tree entry with this text (as a user's click).
     void clickTopic(const QString& text);
-    // Serves pending events (paint, timers due).
-    static void serveEvents(int milliseconds = 0);
-    // The label row (0..8) whose look is "marked", or -1.
-    int markedName() const;
     // The keys a user can press.
     std::vector<int> enabledKeys() const;
     // A control of the window by its name, as a user's tools find it.
@@ -63,7 +49,10 @@ class WindowTest : public ::testing::Test {
     }
 
     std::unique_ptr<frmMain> form;
-    Recorder recorded;
+    struct {
+        std::vector<QString> messages, sounds, addresses;  // message boxes, sounds, opened
+        std::vector<int> ends;                             // program ends
+    } recorded;
     ScriptedRandom* random = nullptr;  // owned by the seams
 
   private:
