@@ -105,8 +105,10 @@ TEST(LessonFolder, PagesAndStylesheetAreWellFormedOfflineSoundAndInTheTreesOrder
                     << name << ": " << url << " is no file of the folder";
                 if (hash == std::string::npos)
                     continue;
-                const auto holders = all(file.empty() ? html : readPage(file),
-                                         "<([a-z0-9]+)[^>]*\\sid=\"" + url.substr(hash + 1) + "\"");
+                // The matches point into the page, so it must outlive them.
+                const std::string target = file.empty() ? html : readPage(file);
+                const auto holders =
+                    all(target, "<([a-z0-9]+)[^>]*\\sid=\"" + url.substr(hash + 1) + "\"");
                 EXPECT_TRUE(holders.size() == 1 && holders[0][1] != "table")
                     << name << ": " << url << " finds no anchor outside a table";
             }
