@@ -4,6 +4,8 @@
 
 #include <QIcon>
 #include <QImage>
+#include <QPoint>
+#include <array>
 
 namespace platform::artwork {
 
@@ -20,6 +22,17 @@ QImage dealerButton(qreal dpr = 1.0);
 
 // The promotion window: the reduced table seen from above, 397 x 285.
 QImage promotionTable(qreal dpr = 1.0);
+// Where the promotion window puts each seat's small face-down pair on that picture (top left
+// of 22 x 23 boxes); the picture's chairs face their centres.
+inline constexpr std::array<QPoint, 9> kPromotionSeatTopLeft{{{41, 112},
+                                                              {61, 58},
+                                                              {129, 37},
+                                                              {258, 37},
+                                                              {312, 58},
+                                                              {332, 114},
+                                                              {306, 158},
+                                                              {237, 169},
+                                                              {69, 156}}};
 // Two small cards face down, 20 x 21.
 QImage smallBacks(qreal dpr = 1.0);
 // Two face-up cards, 40 x 42 (the jacks of hearts and diamonds).

@@ -16,23 +16,12 @@ using namespace detail;
 constexpr QSize kTableSize(397, 285);
 constexpr QRgb kWindowGrey = 0xC0C0C0;
 
-// The window puts each seat's small face-down pair at these places on the picture
-// (top left, 22 x 23 boxes); the chairs face their centres.
-constexpr std::array<QPoint, 9> kSeatTopLeft{{{41, 112},
-                                              {61, 58},
-                                              {129, 37},
-                                              {258, 37},
-                                              {312, 58},
-                                              {332, 114},
-                                              {306, 158},
-                                              {237, 169},
-                                              {69, 156}}};
 constexpr QSize kSeatBox(22, 23);
 
 std::array<QPointF, 9> seatCentres() {
     std::array<QPointF, 9> centres{};
     for (std::size_t seat = 0; seat < centres.size(); ++seat) {
-        centres.at(seat) = QRectF(kSeatTopLeft.at(seat), kSeatBox).center();
+        centres.at(seat) = QRectF(kPromotionSeatTopLeft.at(seat), kSeatBox).center();
     }
     return centres;
 }

@@ -126,16 +126,7 @@ QImage promotionPreview(qreal dpr) {
     image.setDevicePixelRatio(dpr);
     QPainter painter(&image);
     painter.drawImage(QPoint(0, 0), art::promotionTable(dpr));
-    constexpr std::array<QPoint, 9> seats{{{41, 112},
-                                           {61, 58},
-                                           {129, 37},
-                                           {258, 37},
-                                           {312, 58},
-                                           {332, 114},
-                                           {306, 158},
-                                           {237, 169},
-                                           {69, 156}}};
-    for (QPoint at : seats) {
+    for (QPoint at : art::kPromotionSeatTopLeft) {
         painter.drawImage(at, art::smallBacks(dpr));
     }
     painter.drawImage(QPoint(127, 150), art::frontPair(42, 41, dpr));
