@@ -16,7 +16,6 @@ set(TABLEWRIGHT_LICENSE "GPL-3.0-or-later")
 set(TABLEWRIGHT_RELEASE_DATE "2026-11-22")
 # Qt's X11 window class is the application name set at start-up.
 set(TABLEWRIGHT_WM_CLASS "Tablewright")
-set(TABLEWRIGHT_ICON_SIZES 16 24 32 48 64 128 256)
 
 if(WIN32)
   set(TABLEWRIGHT_INSTALL_APPDIR ${CMAKE_INSTALL_BINDIR})
@@ -62,23 +61,12 @@ if(TABLEWRIGHT_FREEDESKTOP)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
   install(FILES ${packaging_dir}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tablewright)
 
-  # The icon is painted by the program's own artwork code, so it is rendered here rather than
-  # kept as files that could drift from the window icon.
-  add_subdirectory(${PROJECT_SOURCE_DIR}/tools/make_icons ${PROJECT_BINARY_DIR}/tools/make_icons)
-  set(icon_root ${packaging_dir}/icons)
-  set(icon_files)
+  # The icon as the build painted it for the window (see src/shell), named for the desktop.
   foreach(size ${TABLEWRIGHT_ICON_SIZES})
-    list(APPEND icon_files ${icon_root}/${size}x${size}/apps/${TABLEWRIGHT_APP_ID}.png)
+    install(FILES ${TABLEWRIGHT_ICON_ROOT}/${size}x${size}/apps/tablewright.png
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
+            RENAME ${TABLEWRIGHT_APP_ID}.png)
   endforeach()
-  add_custom_command(OUTPUT ${icon_files}
-    COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0
-            $<TARGET_FILE:tablewright_make_icons> ${icon_root} ${TABLEWRIGHT_APP_ID}
-            ${TABLEWRIGHT_ICON_SIZES}
-    DEPENDS tablewright_make_icons
-    COMMENT "Painting the icon"
-    VERBATIM)
-  add_custom_target(tablewright_icons ALL DEPENDS ${icon_files})
-  install(DIRECTORY ${icon_root}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 endif()
 
 # The package.

@@ -2,7 +2,6 @@
 // Each takes a device pixel ratio so it stays crisp on HiDPI screens; sizes are logical pixels.
 #pragma once
 
-#include <QIcon>
 #include <QImage>
 #include <QPoint>
 #include <array>
@@ -42,8 +41,8 @@ QImage smallCard(int drawId, qreal dpr = 1.0);
 // A small award ribbon picture, 62 x 17.
 QImage awardBadge(qreal dpr = 1.0);
 
-// The window icon: a picture at 16, 24, 32, 48, 64, 128 and 256 pixels.
-QIcon applicationIcon();
+// The program's icon at size x size pixels (painted at build time for the window and the
+// desktop).
 QImage iconImage(int size);
 
 }  // namespace platform::artwork

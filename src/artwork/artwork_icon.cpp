@@ -1,6 +1,5 @@
 // The program's icon: two fanned aces, spades in front, on a rounded square of felt.
 // Below 32 pixels a single card stands alone, since two would blur into one.
-#include <array>
 
 #include "artwork/artwork.h"
 #include "artwork/artwork_detail.h"
@@ -10,7 +9,6 @@ namespace {
 
 using namespace detail;
 
-constexpr std::array<int, 7> kIconSizes{16, 24, 32, 48, 64, 128, 256};
 constexpr qreal kUnits = 64;  // the icon is laid out on a 64 x 64 grid
 
 void paintFeltSquare(QPainter& painter) {
@@ -66,14 +64,6 @@ QImage iconImage(int size) {
         paintIconAce(painter, {39, 33}, {29, 40}, 10, Suit::spades, withIndex);
     }
     return image;
-}
-
-QIcon applicationIcon() {
-    QIcon icon;
-    for (int size : kIconSizes) {
-        icon.addPixmap(QPixmap::fromImage(iconImage(size)));
-    }
-    return icon;
 }
 
 }  // namespace platform::artwork

@@ -1,10 +1,11 @@
 #include "platform/startup.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <algorithm>
 #include <array>
 
-#include "artwork/artwork.h"
 #include "platform/mDefs.h"
 
 namespace platform {
@@ -32,6 +33,18 @@ void dropExpectedNotices(QtMsgType type, const QMessageLogContext& context, cons
         g_nextHandler(type, context, text);
 }
 
+// The icon in the sizes a window shows, painted when the program was built (see src/shell).
+// Each file is read only when a size is asked for.
+QIcon builtInIcon() {
+    QIcon icon;
+    const QDir folder(QStringLiteral(":/icon"));
+    for (const QFileInfo& file : folder.entryInfoList(QDir::Files)) {
+        const int side = file.baseName().toInt();
+        icon.addFile(file.filePath(), QSize(side, side));
+    }
+    return icon;
+}
+
 }  // namespace
 
 void prepareApplication() {
@@ -50,7 +63,7 @@ void prepareApplication() {
 
 void configureApplication(QApplication& app) {
     app.setApplicationName(QStringLiteral("Tablewright"));
-    app.setWindowIcon(artwork::applicationIcon());
+    app.setWindowIcon(builtInIcon());
     // Matches the window to its desktop entry (and so its icon) on desktops that ask.
     QGuiApplication::setDesktopFileName(QStringLiteral("org.example.Tablewright"));
 }

@@ -39,9 +39,10 @@ TreeView::TreeView(QWidget* parent, const QString& name)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setExpandsOnDoubleClick(true);
     // Every entry whole: the column takes the widest entry and the tree scrolls sideways.
+    // The widths are measured from the first show on: measuring every entry at each change
+    // while the tree is filled and marked, unseen, cost a tenth of the start-up.
     setTextElideMode(Qt::ElideNone);
     header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // The selection stays marked, in grey, while another control has the focus.
     QPalette pal = palette();
@@ -123,6 +124,17 @@ void TreeView::setBold(int index, bool bold) {
 
 void TreeView::setIndentationTwips(double twips) {
     setIndentation(static_cast<int>(std::nearbyint(twips / kTwipsPerPixel)));
+}
+
+void TreeView::showEvent(QShowEvent* event) {
+    if (header()->sectionResizeMode(0) != QHeaderView::ResizeToContents) {
+        header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+        // Measured now, so that the first paint already has the column's width and the
+        // sideways scroll bar it calls for.
+        header()->resizeSections(QHeaderView::ResizeToContents);
+        updateGeometries();
+    }
+    QTreeWidget::showEvent(event);
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {

@@ -37,6 +37,7 @@ class TreeView : public QTreeWidget, public TwipsGeometry {
     void NodeClick(int index);
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void drawBranches(QPainter* painter, const QRect& rect,
                       const QModelIndex& index) const override;

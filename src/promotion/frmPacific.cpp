@@ -152,7 +152,6 @@ frmPacific::frmPacific(frmMain& main, const promotion::Look& look)
     : QWidget(&main, Qt::Window), main_(main), look_(look) {
     setObjectName(QStringLiteral("frmPacific"));
     setWindowTitle(look_.caption);
-    setWindowIcon(platform::artwork::applicationIcon());
     setAutoFillBackground(true);
     QPalette pal = palette();
     pal.setColor(QPalette::Window, platform::colorFromRgb(kGrey));

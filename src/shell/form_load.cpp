@@ -50,6 +50,14 @@ void frmMain::Form_Activate() {
 }
 
 void frmMain::Form_Resize() {
+    fitPanesToWindow();
+    try {
+        initKeys();
+    } catch (const platform::InvalidPropertyValue&) {
+    }
+}
+
+void frmMain::fitPanesToWindow() {
     // Each step that fails (a negative size is refused) is skipped; the next one still runs.
     const auto step = [](auto&& action) {
         try {
@@ -60,7 +68,6 @@ void frmMain::Form_Resize() {
     step([&] { WebBrowser1->setWidth(outerWidthTwips() - TreeView1->Width() - 600); });
     step([&] { WebBrowser1->setHeight(outerHeightTwips() - 850); });
     step([&] { TreeView1->setHeight(WebBrowser1->Height()); });
-    step([&] { initKeys(); });
 }
 
 void frmMain::load169() {

@@ -35,6 +35,8 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
         const QRect available = screen->availableGeometry();
         move(available.center() - QPoint(width() / 2, height() / 2));
     }
+    // The home page is then laid out once, at the width it shows with.
+    fitPanesToWindow();
     Timer1->start();
 }
 

@@ -145,6 +145,8 @@ class frmMain : public QWidget {
     void createKeyboard();
     void createNameList();
     void createStage();
+    void paintStage();
+    void fitPanesToWindow();
     void orderTabStops();
     void connectHandlers();
 

@@ -124,9 +124,8 @@ void frmMain::createControls() {
     picDemo = new PictureBox(this, QStringLiteral("picDemo"), PictureBox::Border::Sunken);
     picDemo->setBackColor(palette::kBlack);
     picDemo->setGeometryTwips(3420, 180, 9720, 8760);
-    // The table is painted when the sample game first shows, not at start.
-    runOnFirstShow(picDemo,
-                   [this] { picDemo->setPicture(platform::artwork::pokerTable(screenRatio())); });
+    // The table and its cards are painted when the sample game first shows, not at start.
+    runOnFirstShow(picDemo, [this] { paintStage(); });
     picDemo->setAccessibleName(QStringLiteral("Sample poker game"));
     createStage();
     orderTabStops();
@@ -261,7 +260,6 @@ void frmMain::createNameList() {
 }
 
 void frmMain::createStage() {
-    const qreal ratio = screenRatio();
     // Labels first: they lie below the stage's child windows.
     for (std::size_t i = 0; i < lblArray.size(); ++i) {
         auto* seat = new Label(picDemo, QStringLiteral("lblArray(%1)").arg(i));
@@ -289,11 +287,9 @@ void frmMain::createStage() {
     lblEnough->setFocusPolicy(Qt::StrongFocus);
     lblEnough->hide();
 
-    const QImage backs = platform::artwork::pocketBacks(ratio);
     auto makePocket = [&](std::size_t seat) {
         auto* pocket = new PictureBox(picDemo, QStringLiteral("picPocket(%1)").arg(seat),
                                       PictureBox::Border::FlatSingle);
-        pocket->setPicture(backs);
         pocket->setGeometryTwips(kPocketPlaces[seat].left, kPocketPlaces[seat].top, 615, 645);
         pocket->setAccessibleName(QStringLiteral("Two cards face down"));
         picPocket[seat] = pocket;
@@ -320,14 +316,12 @@ void frmMain::createStage() {
 
     picDealer = new PictureBox(picDemo, QStringLiteral("picDealer"));
     picDealer->setTransparentBackground(true);
-    picDealer->setPicture(platform::artwork::dealerButton(ratio));
     picDealer->setGeometryTwips(7905, 4080, 390, 345);
     picDealer->setAccessibleName(QStringLiteral("Dealer button"));
 
     for (std::size_t i = 0; i < picFlop.size(); ++i) {
         auto* card = new PictureBox(picDemo, QStringLiteral("picFlop(%1)").arg(i));
         card->setTransparentBackground(true);
-        card->setPicture(platform::artwork::boardCard(kFlopCards[i], ratio));
         card->setGeometryTwips(kFlopPlaces[i].left, kFlopPlaces[i].top, 810, 1080);
         card->setAccessibleName(platform::cardName(kFlopCards[i]));
         picFlop[i] = card;
@@ -336,21 +330,32 @@ void frmMain::createStage() {
     picShowDown1 =
         new PictureBox(picDemo, QStringLiteral("picShowDown1"), PictureBox::Border::FlatSingle);
     picShowDown1->setTransparentBackground(true);
-    picShowDown1->setPicture(
-        platform::artwork::showdownFan(kTenOfClubs, kFourOfClubs, QSize(67, 70), ratio));
     picShowDown1->setGeometryTwips(1935, 1665, 1035, 1080);
     picShowDown1->setAccessibleName(QStringLiteral("Ten of Clubs, Four of Clubs"));
     picShowDown2 =
         new PictureBox(picDemo, QStringLiteral("picShowDown2"), PictureBox::Border::FlatSingle);
     picShowDown2->setTransparentBackground(true);
-    picShowDown2->setPicture(
-        platform::artwork::showdownFan(kJackOfHearts, kJackOfDiamonds, QSize(66, 70), ratio));
     picShowDown2->setGeometryTwips(6510, 4395, 1020, 1080);
     picShowDown2->setAccessibleName(QStringLiteral("Jack of Hearts, Jack of Diamonds"));
 
     cmdNext = new CommandButton(picDemo, QStringLiteral("cmdNext"), QStringLiteral("Next"));
     cmdNext->setFont(designFont(kSansSerif, 8.25));
     cmdNext->setGeometryTwips(4410, 7740, 1050, 315);
+}
+
+void frmMain::paintStage() {
+    const qreal ratio = screenRatio();
+    picDemo->setPicture(platform::artwork::pokerTable(ratio));
+    const QImage backs = platform::artwork::pocketBacks(ratio);
+    for (PictureBox* pocket : picPocket)
+        pocket->setPicture(backs);
+    picDealer->setPicture(platform::artwork::dealerButton(ratio));
+    for (std::size_t i = 0; i < picFlop.size(); ++i)
+        picFlop[i]->setPicture(platform::artwork::boardCard(kFlopCards[i], ratio));
+    picShowDown1->setPicture(
+        platform::artwork::showdownFan(kTenOfClubs, kFourOfClubs, QSize(67, 70), ratio));
+    picShowDown2->setPicture(
+        platform::artwork::showdownFan(kJackOfHearts, kJackOfDiamonds, QSize(66, 70), ratio));
 }
 
 void frmMain::orderTabStops() {
