@@ -1,11 +1,9 @@
 // The controls: a drawing that stays until cleared, at the screen's pixel ratio; a label's
-// click its own inside a bordered box; waits that end on their stop or at the program's end.
+// click its own inside a bordered box.
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 #include "platform/controls.h"
-#include "platform/mDefs.h"
 #include "support/window_fixture.h"
 
 namespace {
@@ -13,7 +11,6 @@ namespace {
 class ControlsTest : public ::testing::Test {
   protected:
     static void SetUpTestSuite() { test_support::app(); }
-    void TearDown() override { platform::resetSeams(); }
     QWidget host;
 };
 
@@ -47,20 +44,6 @@ TEST_F(ControlsTest, ControlsSitInsideTheBorderAndALabelKeepsItsClicks) {
     QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(5, 5));
     EXPECT_EQ(std::pair(labelClicks.count(), boxClicks.count()),
               std::pair(qsizetype(1), qsizetype(0)));
-}
-
-TEST_F(ControlsTest, WaitsEndOnTheirStopAndAtTheProgramsEndEveryLaterOneAtOnce) {
-    bool stop = false, late = false;
-    QTimer::singleShot(10, [&] { stop = true; });
-    QTimer::singleShot(5'000, &host, [&] { late = true; });  // served only by a wait left running
-    platform::WaitServingEvents(60'000, [&] { return stop; });
-    std::vector<int> ends;
-    platform::seams().endProgram = [&](int code) { ends.push_back(code); };
-    QTimer::singleShot(5, [] { platform::EndProgram(0); });
-    platform::WaitServingEvents(60'000);
-    platform::WaitServingEvents(60'000);
-    EXPECT_FALSE(late);
-    EXPECT_EQ(ends, std::vector<int>{0});
 }
 
 }  // namespace
