@@ -54,19 +54,18 @@ std::vector<std::string> pageNames() {
 }
 
 struct Card {
-    int rank = 0, suit = 0;  // rank 2..14; 0 for a card whose class is not its suit's
+    int rank = 0, suit = 0;  // rank 2..14
 };
 
-// The cards written in some HTML as <span class="card h">K&hearts;</span>, in order.
+// The cards written in some HTML as <span class="card h">K&hearts;</span>, in order: the class
+// names the suit, by its first letter.
 std::vector<Card> cardsIn(const std::string& html) {
     std::vector<Card> cards;
     for (const auto& m :
-         all(html, R"re(class="card ([a-z])">(10|[2-9JQKA])&(clubs|diams|hearts|spades);<)re")) {
+         all(html, R"re(class="card ([cdhs])">(10|[2-9JQKA])&\1(lubs|iams|earts|pades);<)re")) {
         const auto rank = std::string("  23456789TJQKA").find(m[2] == "10" ? 'T' : m[2].str()[0]);
         const auto suit = std::string("cdhs").find(m[1]);
-        cards.push_back(m[1] == m[3].str().substr(0, 1)
-                            ? Card{static_cast<int>(rank), static_cast<int>(suit)}
-                            : Card{});
+        cards.push_back({static_cast<int>(rank), static_cast<int>(suit)});
     }
     return cards;
 }
@@ -103,9 +102,7 @@ TEST(LessonFolder, PagesAreWellFormedSoundInTheirLinksAndInTheTreesOrder) {
             EXPECT_TRUE(holders.size() == 1 && holders[0][1] != "table")
                 << name << ": " << url << " finds no anchor outside a table";
         }
-        const auto cards = cardsIn(html);
-        EXPECT_EQ(cards.size(), all(html, R"(class="card\b)").size()) << name;
-        EXPECT_TRUE(std::ranges::all_of(cards, [](Card c) { return c.rank >= 2; }))
+        EXPECT_EQ(cardsIn(html).size(), all(html, R"(class="card\b)").size())
             << name << ": a card needs a rank and its own suit's class";
         // Next leads to the tree's next page topic, the last back to the first; only end tags
         // follow it.
@@ -122,37 +119,6 @@ const std::array<std::string, 9> kKinds{"High card",       "One pair",       "Tw
                                         "Full house",      "Four of a kind", "Straight flush"};
 std::size_t kindNamed(const std::string& html) {
     return static_cast<std::size_t>(std::ranges::find(kKinds, plain(html)) - kKinds.begin());
-}
-
-// Of the five cards from `from`: the kind (index into kKinds), then the ranks that break
-// ties, in the order they count.
-std::array<int, 6> strength(const std::vector<Card>& cards, std::size_t from = 0) {
-    std::array<int, 15> count{};
-    bool flush = true;
-    for (std::size_t i = from; i < from + 5; ++i) {
-        ++count[static_cast<std::size_t>(cards.at(i).rank)];
-        flush = flush && cards[i].suit == cards[from].suit;
-    }
-    std::array<int, 6> result{};
-    std::array<int, 5> sizes{};  // of the groups of equal ranks: larger first, then higher
-    std::size_t groups = 0;
-    for (int size = 4; size >= 1; --size)
-        for (int r = 14; r >= 2; --r)
-            if (count[static_cast<std::size_t>(r)] == size) {
-                result[groups + 1] = r;
-                sizes[groups++] = size;
-            }
-    const bool wheel = groups == 5 && result[1] == 14 && result[2] == 5;  // A-2-3-4-5
-    const bool straight = groups == 5 && (wheel || result[1] - result[5] == 4);
-    if (straight)
-        result = {0, wheel ? 5 : result[1]};
-    // By the two largest groups: four of a kind, full house, threes, two pair, a pair.
-    const int paired = sizes[0] == 4   ? 7
-                       : sizes[0] == 3 ? 3 + 3 * (sizes[1] == 2)
-                       : sizes[0] == 2 ? 1 + (sizes[1] == 2)
-                                       : 0;
-    result[0] = straight && flush ? 8 : paired >= 6 ? paired : flush ? 5 : straight ? 4 : paired;
-    return result;
 }
 
 // The rows of some HTML's tables, each as its cells' HTML.
@@ -195,13 +161,53 @@ bool holdsStraight(unsigned ranks) {
     return false;
 }
 
+// The kind (index into kKinds) of the best five of at most seven cards, no five of one suit,
+// from how many of each rank they hold.
+std::size_t kindByRanks(const std::array<int, 15>& of) {
+    unsigned present = 0;
+    std::array<int, 5> groups{};  // how many ranks come once, twice, three or four times
+    for (std::size_t r = 2; r <= 14; ++r) {
+        present |= of[r] > 0 ? 1U << r : 0U;
+        ++groups[static_cast<std::size_t>(of[r])];
+    }
+    return groups[4]                                 ? 7
+           : groups[3] && groups[3] + groups[2] >= 2 ? 6
+           : holdsStraight(present)                  ? 4
+           : groups[3]                               ? 3
+           : groups[2] >= 2                          ? 2
+           : groups[2]                               ? 1
+                                                     : 0;
+}
+
+// Of the five cards from `from`: the kind, then the ranks that break ties, in the order they
+// count.
+std::array<int, 6> strength(const std::vector<Card>& cards, std::size_t from = 0) {
+    std::array<int, 15> of{};
+    bool flush = true;
+    for (std::size_t i = from; i < from + 5; ++i) {
+        ++of[static_cast<std::size_t>(cards.at(i).rank)];
+        flush = flush && cards[i].suit == cards[from].suit;
+    }
+    std::array<int, 6> result{static_cast<int>(kindByRanks(of))};
+    std::size_t next = 1;  // the ranks by how often they come, then by height
+    for (int size = 4; size >= 1; --size)
+        for (int r = 14; r >= 2; --r)
+            if (of[static_cast<std::size_t>(r)] == size)
+                result[next++] = r;
+    if (result[0] == 4 && result[1] == 14 && result[2] == 5)  // A-2-3-4-5 runs to the five
+        result = {4, 5};
+    if (flush)  // five of one suit hold no two of a rank
+        result[0] = result[0] == 4 ? 8 : 5;
+    return result;
+}
+
 // How many of the hands of n cards (n up to 7) are of each kind, by their best five cards, and
 // how many hold a royal flush. Not dealt one by one: each way of taking n ranks, at most four
 // of each, is counted with the number of suit choices it has. Of those choices, the ones with
 // five or more cards in one suit hold a flush, and the rest go by their ranks alone: seven
 // cards or fewer never hold a flush together with four of a kind or a full house.
 struct HandCounts {
-    std::array<double, 9> kinds{};
+    std::array<double, 10> kinds{};  // by kind, then all hands
     double royals = 0;
 };
 void countHands(int left, HandCounts& counts, std::array<int, 15> of = {}, std::size_t rank = 2) {
@@ -213,14 +219,11 @@ void countHands(int left, HandCounts& counts, std::array<int, 15> of = {}, std::
     if (left != 0)
         return;
     unsigned present = 0;
-    double ways = 1;
-    std::array<int, 5> groups{};  // how many ranks come once, twice, three or four times
+    double ways = 1, flushes = 0;  // flushes: the suit choices with five or more in one suit
     for (std::size_t r = 2; r <= 14; ++r) {
         present |= of[r] > 0 ? 1U << r : 0U;
         ways *= choose(4, of[r]);
-        ++groups[static_cast<std::size_t>(of[r])];
     }
-    double flushes = 0;  // the suit choices with five or more of these ranks in one suit
     for (unsigned suited = present; suited != 0; suited = (suited - 1) & present) {
         if (std::popcount(suited) < 5)
             continue;
@@ -231,14 +234,7 @@ void countHands(int left, HandCounts& counts, std::array<int, 15> of = {}, std::
         counts.kinds[holdsStraight(suited) ? 8 : 5] += choices;
         counts.royals += (suited & 0x7C00U) == 0x7C00U ? choices : 0;
     }
-    const std::size_t kind = groups[4]                                 ? 7
-                             : groups[3] && groups[3] + groups[2] >= 2 ? 6
-                             : holdsStraight(present)                  ? 4
-                             : groups[3]                               ? 3
-                             : groups[2] >= 2                          ? 2
-                             : groups[2]                               ? 1
-                                                                       : 0;
-    counts.kinds[kind] += ways - flushes;
+    counts.kinds[kindByRanks(of)] += ways - flushes;
 }
 
 // Some HTML as plain text on one line, each table cell closed by " |".
@@ -260,8 +256,8 @@ TEST(PageFigures, AreWhatCountingTheCardsGives) {
     countHands(7, counts[1]);
     const std::string rank = readPage("rank.html");
     for (const auto& [table, cards] : {std::pair{"frequencies", 5}, std::pair{"frequencies7", 7}}) {
-        const HandCounts& count = counts[cards == 5 ? 0 : 1];
-        const double total = choose(52, cards);
+        auto& count = counts[cards == 5 ? 0 : 1].kinds;
+        const double total = count[kKinds.size()] = choose(52, cards);  // the Total row
         const auto at = rank.find(std::string(R"(<table class="data" id=")") + table + "\">");
         ASSERT_NE(at, std::string::npos) << "no table " << table << " in rank.html";
         std::vector<std::size_t> order;
@@ -269,13 +265,11 @@ TEST(PageFigures, AreWhatCountingTheCardsGives) {
              rowsOf(rank.substr(at, rank.find("</table>", at) - at)) | std::views::drop(1)) {
             ASSERT_GE(row.size(), 4u) << row[0] << " wants hand, count, chance, one in";
             const std::string hand = plain(row[0]) + " of " + std::to_string(cards);
-            const auto kind = kindNamed(row[0]);
-            const double n = plain(row[0]) == "Total" ? total
-                             : kind < kKinds.size()   ? count.kinds[kind]
-                                                      : -1;
+            const auto kind = kindNamed(row[0]);  // none: the Total row, or a name to fail below
+            const double n = count.at(kind);
             expectRounded(row[1], n, hand);
             expectRounded(row[2], 100.0 * n / total, hand + " chance");
-            if (plain(row[0]) != "Total")
+            if (kind < kKinds.size())
                 expectRounded(row[3], total / n, hand + " one in");
             order.push_back(kind);
         }
@@ -299,7 +293,7 @@ TEST(PageFigures, AreWhatCountingTheCardsGives) {
         {"rank.html", R"((\d+) are royal flushes.*once in ([\d,]+) five-card deals)", 1,
          fixed({counts[0].royals, hands / counts[0].royals})},
         {"quiz1.html", R"(two pair or better, [^(]*\(([\d.]+)%\))", 1,
-         fixed({100 * std::accumulate(five.begin() + 2, five.end(), 0.0) / hands})},
+         fixed({100 * std::accumulate(five.begin() + 2, five.begin() + 9, 0.0) / hands})},
         // the outs table: from the flop by the river, from the turn on the river, odds against
         {"txpot.html", R"((\d+) \| [^|]+ \| ([\d.]+)% \| ([\d.]+)% \| ([\d.]+) to 1 \|)", 7,
          [&](auto& m) {

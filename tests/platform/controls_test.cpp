@@ -8,15 +8,13 @@
 
 namespace {
 
-class ControlsTest : public ::testing::Test {
-  protected:
-    static void SetUpTestSuite() { test_support::app(); }
-    QWidget host;
-};
-
 // Run once as it is and once with QT_SCALE_FACTOR=2: the surface has a pixel for each of the
-// screen's, so what is drawn in its far corner is kept, also when the box grows, until Cls.
-TEST_F(ControlsTest, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilCls) {
+// screen's, so what is drawn in its far corner is kept, also when the box grows, until Cls. A
+// label in the box counts from inside the border, and a user's double click on it is one click,
+// the label's alone.
+TEST(Controls, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilClsAndItsLabelsTheirClicks) {
+    test_support::app();
+    QWidget host;
     platform::PictureBox box(&host, QStringLiteral("box"), platform::PictureBox::Border::Sunken);
     box.setGeometryTwips(0, 0, 3210, 2820);
     host.show();  // so that a new size resizes the surface at once
@@ -28,12 +26,7 @@ TEST_F(ControlsTest, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilCls) {
     EXPECT_EQ(QColor(box.surfacePixel(corner.x(), corner.y())), QColor(Qt::red));
     box.Cls();
     EXPECT_EQ(qAlpha(box.surfacePixel(corner.x(), corner.y())), 0);
-}
 
-// A label in a bordered box counts from inside the border, and a user's double click on it
-// is one click, the label's alone.
-TEST_F(ControlsTest, ControlsSitInsideTheBorderAndALabelKeepsItsClicks) {
-    platform::PictureBox box(&host, QStringLiteral("box"), platform::PictureBox::Border::Sunken);
     platform::Label label(&box, QStringLiteral("name"));
     label.setGeometryTwips(0, 0, 3000, 300);
     EXPECT_EQ(label.pos(), QPoint(1, 1) * box.borderPixels());

@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 #include <QSoundEffect>
-#include <QThread>
+#include <QTest>
 
 #include "platform/mDefs.h"
 
@@ -21,10 +21,8 @@ TEST(PlaySound, PlaysAFileThatIsThereAndNoneThatIsMissing) {
     ASSERT_EQ(effects.size(), 1);
     EXPECT_EQ(effects[0]->source(), QUrl::fromLocalFile(yes));
     // Qt's sample cache deadlocks when it is torn down while a file still loads.
-    for (int turn = 0; turn < 1000 && effects[0]->status() != QSoundEffect::Ready &&
-                       effects[0]->status() != QSoundEffect::Error;
-         ++turn) {
-        QThread::msleep(5);
-        app.processEvents();
-    }
+    static_cast<void>(QTest::qWaitFor([&] {
+        return effects[0]->status() == QSoundEffect::Ready ||
+               effects[0]->status() == QSoundEffect::Error;
+    }));
 }
