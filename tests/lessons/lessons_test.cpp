@@ -6,6 +6,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <compare>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -55,6 +56,7 @@ std::vector<std::string> pageNames() {
 
 struct Card {
     int rank = 0, suit = 0;  // rank 2..14
+    auto operator<=>(const Card&) const = default;
 };
 
 // The cards written in some HTML as <span class="card h">K&hearts;</span>, in order: the class
@@ -380,10 +382,8 @@ TEST(StatedHands, ExamplesAndWinnersAreRightAndNoQuestionShowsACardTwice) {
         if (cards.size() != 10)
             continue;
         expected.push_back(winner(cards, "First hand", "Second hand", "Tie"));
-        std::set<int> distinct;
-        for (const Card& card : cards)
-            distinct.insert(card.rank * 4 + card.suit);
-        EXPECT_EQ(distinct.size(), 10u) << "a card shown twice in question " << expected.size();
+        EXPECT_EQ(std::set(cards.begin(), cards.end()).size(), 10u)
+            << "a card shown twice in question " << expected.size();
     }
     for (const auto& row : rowsOf(quiz) | std::views::drop(1))  // its one table: question, winner
         answers.push_back(plain(row.at(1)));
