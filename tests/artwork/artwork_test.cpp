@@ -5,8 +5,8 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include "artwork/artwork.h"
@@ -25,25 +25,21 @@ const Ink redInk = [](QRgb p) { return qRed(p) > 150 && qGreen(p) < 90 && qBlue(
 const Ink darkInk = [](QRgb p) { return qAlpha(p) > 128 && qGray(p) < 70; };
 const Ink painted = [](QRgb p) { return qAlpha(p) > 0; };
 
+// How many pixels pass a test.
 int count(const QImage& image, const Ink& test) {
-    const QImage argb = plain(image);
-    int n = 0;
-    for (int y = 0; y < argb.height(); ++y)
-        for (int x = 0; x < argb.width(); ++x)
-            n += test(argb.pixel(x, y)) ? 1 : 0;
-    return n;
+    const QImage argb = plain(image);  // rows of whole pixels, no padding
+    const auto* pixels = reinterpret_cast<const QRgb*>(argb.constBits());
+    return static_cast<int>(std::count_if(pixels, pixels + argb.width() * argb.height(), test));
 }
 
-// The one application of the process, gone before the leak checker looks: that frees the
-// font caches the drawing filled.
+// The application of each test, gone before the leak checker looks: that frees the font caches
+// the drawing filled.
 class Artwork : public ::testing::Test {
   protected:
-    static void SetUpTestSuite() { app = std::make_unique<QGuiApplication>(argc, argv); }
-    static void TearDownTestSuite() { app.reset(); }
-    static inline int argc = 1;
-    static inline char name[] = "test_artwork";
-    static inline char* argv[] = {name, nullptr};
-    static inline std::unique_ptr<QGuiApplication> app;
+    int argc = 1;
+    char name[13] = "test_artwork";
+    char* argv[2] = {name, nullptr};
+    QGuiApplication app{argc, argv};
 };
 
 // Every face differs from every other and from the placeholder, and has red ink only on hearts and
@@ -72,9 +68,10 @@ TEST_F(Artwork, FacesAndTheirLeftFifthsTellEveryCardApartInTheirSuitsColour) {
     }
 }
 
-// cdtDraw paints the card's box at the canvas's ratio, sharp rather than blown up, in the face
-// colour asked for.
-TEST_F(Artwork, CdtDrawPaintsJustTheCardsBoxSharpAtTheCanvasRatioInTheColourAsked) {
+// At twice the ratio, cdtDraw paints the card's box sharp rather than blown up, in the face
+// colour asked for; every picture has twice the pixels, the same logical size, and is mostly
+// painted.
+TEST_F(Artwork, CdtDrawAndPicturesHaveAPixelForEachOfTheScreens) {
     QImage canvas(QSize(200, 110) * 2, QImage::Format_ARGB32_Premultiplied);
     canvas.setDevicePixelRatio(2);
     canvas.fill(Qt::transparent);
@@ -87,11 +84,7 @@ TEST_F(Artwork, CdtDrawPaintsJustTheCardsBoxSharpAtTheCanvasRatioInTheColourAske
     EXPECT_NE(sharp, plain(cardFaceImage(29, {71, 96})
                                .scaled(142, 192, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
     EXPECT_EQ(plain(canvas).pixel(250, 4), qRgb(255, 255, 0));
-}
 
-// Every picture has twice the pixels at twice the ratio, the same logical size, and is mostly
-// painted; both cards of a fanned pair show.
-TEST_F(Artwork, PicturesHaveAPixelForEachOfTheScreensAndShowTheirCards) {
     const auto pictures = [](qreal r) {
         return std::vector<QImage>{art::pokerTable(r),     art::pocketBacks(r),
                                    art::boardCard(40, r),  art::dealerButton(r),
@@ -105,8 +98,6 @@ TEST_F(Artwork, PicturesHaveAPixelForEachOfTheScreensAndShowTheirCards) {
         EXPECT_EQ(twos[i].deviceIndependentSize(), QSizeF(ones[i].size())) << "row " << i;
         EXPECT_GT(count(twos[i], painted), twos[i].width() * twos[i].height() / 3) << "row " << i;
     }
-    EXPECT_NE(ones.back(), art::showdownFan(32, 12, {67, 70}));
-    EXPECT_NE(ones.back(), art::showdownFan(36, 8, {67, 70}));
 }
 
 }  // namespace

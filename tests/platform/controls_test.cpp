@@ -1,25 +1,20 @@
 // The controls: a drawing that stays until cleared, at the screen's pixel ratio; a label's
-// click its own inside a bordered box; waits that end on their stop or at the program's end.
+// click its own inside a bordered box.
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 #include "platform/controls.h"
-#include "platform/mDefs.h"
 #include "support/window_fixture.h"
 
 namespace {
 
-class ControlsTest : public ::testing::Test {
-  protected:
-    static void SetUpTestSuite() { test_support::app(); }
-    void TearDown() override { platform::resetSeams(); }
-    QWidget host;
-};
-
 // Run once as it is and once with QT_SCALE_FACTOR=2: the surface has a pixel for each of the
-// screen's, so what is drawn in its far corner is kept, also when the box grows, until Cls.
-TEST_F(ControlsTest, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilCls) {
+// screen's, so what is drawn in its far corner is kept, also when the box grows, until Cls. A
+// label in the box counts from inside the border, and a user's double click on it is one click,
+// the label's alone.
+TEST(Controls, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilClsAndItsLabelsTheirClicks) {
+    test_support::app();
+    QWidget host;
     platform::PictureBox box(&host, QStringLiteral("box"), platform::PictureBox::Border::Sunken);
     box.setGeometryTwips(0, 0, 3210, 2820);
     host.show();  // so that a new size resizes the surface at once
@@ -31,12 +26,7 @@ TEST_F(ControlsTest, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilCls) {
     EXPECT_EQ(QColor(box.surfacePixel(corner.x(), corner.y())), QColor(Qt::red));
     box.Cls();
     EXPECT_EQ(qAlpha(box.surfacePixel(corner.x(), corner.y())), 0);
-}
 
-// A label in a bordered box counts from inside the border, and a user's double click on it
-// is one click, the label's alone.
-TEST_F(ControlsTest, ControlsSitInsideTheBorderAndALabelKeepsItsClicks) {
-    platform::PictureBox box(&host, QStringLiteral("box"), platform::PictureBox::Border::Sunken);
     platform::Label label(&box, QStringLiteral("name"));
     label.setGeometryTwips(0, 0, 3000, 300);
     EXPECT_EQ(label.pos(), QPoint(1, 1) * box.borderPixels());
@@ -47,20 +37,6 @@ TEST_F(ControlsTest, ControlsSitInsideTheBorderAndALabelKeepsItsClicks) {
     QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(5, 5));
     EXPECT_EQ(std::pair(labelClicks.count(), boxClicks.count()),
               std::pair(qsizetype(1), qsizetype(0)));
-}
-
-TEST_F(ControlsTest, WaitsEndOnTheirStopAndAtTheProgramsEndEveryLaterOneAtOnce) {
-    bool stop = false, late = false;
-    QTimer::singleShot(10, [&] { stop = true; });
-    QTimer::singleShot(5'000, &host, [&] { late = true; });  // served only by a wait left running
-    platform::WaitServingEvents(60'000, [&] { return stop; });
-    std::vector<int> ends;
-    platform::seams().endProgram = [&](int code) { ends.push_back(code); };
-    QTimer::singleShot(5, [] { platform::EndProgram(0); });
-    platform::WaitServingEvents(60'000);
-    platform::WaitServingEvents(60'000);
-    EXPECT_FALSE(late);
-    EXPECT_EQ(ends, std::vector<int>{0});
 }
 
 }  // namespace

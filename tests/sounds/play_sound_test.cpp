@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 #include <QSoundEffect>
-#include <QThread>
+#include <QTest>
 
 #include "platform/mDefs.h"
 
@@ -20,11 +20,9 @@ TEST(PlaySound, PlaysAFileThatIsThereAndNoneThatIsMissing) {
     const auto effects = app.findChildren<QSoundEffect*>();
     ASSERT_EQ(effects.size(), 1);
     EXPECT_EQ(effects[0]->source(), QUrl::fromLocalFile(yes));
-    // Qt's sample cache deadlocks when it is torn down while a file still loads.
-    for (int turn = 0; turn < 1000 && effects[0]->status() != QSoundEffect::Ready &&
-                       effects[0]->status() != QSoundEffect::Error;
-         ++turn) {
-        QThread::msleep(5);
-        app.processEvents();
-    }
+    // Loaded, so the file is a wave Qt reads; and waited for, as Qt's sample cache deadlocks
+    // when it is torn down while a file still loads.
+    static_cast<void>(
+        QTest::qWaitFor([&] { return effects[0]->status() != QSoundEffect::Loading; }, 60'000));
+    EXPECT_EQ(effects[0]->status(), QSoundEffect::Ready);
 }
