@@ -9,6 +9,7 @@
 #include "drill/keyboard.h"
 #include "drill/palette.h"
 #include "drill/rules.h"
+#include "drill/steering.h"
 #include "pairs/pairs.h"
 #include "support/scripted_random.h"
 
@@ -96,34 +97,28 @@ TEST_F(Rules, ADealtHandIsAnsweredOnceByItsNameWhileTheBorderFollowsThePointer) 
     }
 }
 
-// Start draws a row r from 1 to 6; in rows 1 to 3 it deals until the first hand's category is
-// in the row's range, rows 4 to 6 take the first deal. A second hand shares no card.
+// Rows 1 to 3 of a Start deal until the first hand's category is in the row's set, rows 4 to 6
+// take the first deal. A second hand shares no card with the first.
 TEST_F(Rules, SteeredDealsStayInTheirRows) {
-    struct Screen {
-        Show (*start)(State&, cards::RandomSource&);
-        std::array<std::pair<int, int>, 3> accepted;
-        bool twoHands;
-    };
-    const Screen screens[] = {{StartNamesRandom, {{{2, 7}, {4, 8}, {6, 9}}}, false},
-                              {StartRanksRandom, {{{4, 7}, {4, 8}, {7, 9}}}, true}};
-    for (const Screen& screen : screens) {
+    const std::tuple<Show (*)(State&, cards::RandomSource&), steering::Table, bool> screens[] = {
+        {StartNamesRandom, steering::kHandNames, false},
+        {StartRanksRandom, steering::kRankings, true}};
+    for (const auto& [start, table, twoHands] : screens) {
         for (int row = 1; row <= 6; ++row) {
-            SCOPED_TRACE(std::to_string(row) + (screen.twoHands ? " rankings" : " names"));
+            SCOPED_TRACE(std::to_string(row) + (twoHands ? " rankings" : " names"));
             for (int deal = 0; deal < 60; ++deal) {
                 random.script.push_back((float(row) - 0.5f) / 6.0f);
                 const int reseedsBefore = random.reseeds;
-                screen.start(state, random);
-                if (row <= 3) {
-                    const auto [low, high] = screen.accepted[std::size_t(row - 1)];
-                    ASSERT_TRUE(state.hand1Result >= low && state.hand1Result <= high)
+                start(state, random);
+                if (row <= 3)
+                    ASSERT_TRUE(steering::accepts(table[std::size_t(row - 1)], state.hand1Result))
                         << "dealt " << state.hand1Result;
-                } else {
+                else
                     ASSERT_EQ(random.reseeds - reseedsBefore, 2) << "dealt more than once";
-                }
                 std::set<std::int16_t> ids;
                 for (std::size_t i = 0; i < 5; ++i)
                     ids.insert({state.hand1[i].drawId, state.hand2[i].drawId});
-                ASSERT_TRUE(!screen.twoHands || ids.size() == 10u) << "the hands share a card";
+                ASSERT_TRUE(!twoHands || ids.size() == 10u) << "the hands share a card";
             }
         }
     }

@@ -1,11 +1,9 @@
-// The generator of 169.txt: its evaluator on seven-card showdowns, and the simulation's
-// bookkeeping. The committed file's test checks the types.
+// The generator of 169.txt: its evaluator on seven-card showdowns. The committed file's test
+// checks the types.
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <string_view>
 
-#include "equity.h"
 #include "evaluator.h"
 
 namespace make169 {
@@ -41,20 +39,6 @@ TEST(Make169Evaluator, SevenCardShowdowns) {
             << row.first << " / " << row.second;
         EXPECT_EQ(CategoryOf(first), row.category) << row.first;
     }
-}
-
-TEST(Make169Simulation, SameSeedSameSharesAndHandsShareThePotAndAAIsBest) {
-    constexpr int kOpponents = 4;
-    const EquityTable first = Simulate(1500, 11, kOpponents);
-    EXPECT_EQ(first.shares, Simulate(1500, 11, kOpponents).shares);
-    // Over all holdings the players are alike, so the average share is 1 / (opponents + 1).
-    const auto shares = std::accumulate(first.shares.begin(), first.shares.end(), 0ull);
-    const auto samples = std::accumulate(first.samples.begin(), first.samples.end(), 0ull);
-    EXPECT_EQ(samples, 1500u * 741u);  // the 39 cards left make 741 holdings a trial
-    EXPECT_NEAR(static_cast<double>(shares) / (EquityTable::kShareUnit * samples),
-                1.0 / (kOpponents + 1), 0.02);
-    EXPECT_EQ(KeyOfType(first.OrderBestFirst().front()), "AA");
-    EXPECT_EQ(KeyOfType(TypeOfCards(CardOf(11, 0), CardOf(12, 0))), "AKs");
 }
 
 }  // namespace
