@@ -43,6 +43,7 @@ class Rules : public ::testing::Test {
 };
 
 TEST_F(Rules, FivePickedCardsAreFannedAndNamed) {
+    EXPECT_TRUE(press("2c").drawn.empty()) << "a key answered before any Start";
     const std::pair<const char*, std::int16_t> rows[] = {
         {"As Ks Qs Js Ts", 0}, {"2c 3d 4h 5s Ac", 4}, {"Qc Kd Ah 2s 3c", 8}};
     for (const auto& [cards, marked] : rows) {
@@ -227,14 +228,6 @@ TEST_F(Rules, BlinkingShowsTheMessageForFourTicksAndHidesItForOne) {
     EXPECT_EQ(seen, "####-####-####-");
     StartNamesPick(state);  // a Start stops the blinking with the message shown
     EXPECT_FALSE(Tick(state, palette::kBlack));
-}
-
-TEST_F(Rules, NoModeNoAnswerAndKeysOffTheKeyboardDoNothing) {
-    for (const std::int16_t key : {std::int16_t{-1}, std::int16_t{52}})
-        EXPECT_TRUE(PressKey(state, key).drawn.empty());
-    EXPECT_TRUE(press("2c").drawn.empty()) << "a key answered before any Start";
-    StartNamesPick(state);
-    EXPECT_TRUE(PressKey(state, 52).disabledKeys.empty());
 }
 
 }  // namespace

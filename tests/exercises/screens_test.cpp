@@ -10,16 +10,13 @@ namespace {
 
 class Exercises : public test_support::WindowTest {
   protected:
-    // Opens the topic, scripts the deal (after a steering row that takes the first deal, if
-    // the exercise steers) and clicks the Start button.
-    void start(const char* topic, const char* button, std::string_view dealt = {},
-               bool steered = true) {
+    // Opens the topic, scripts a deal (after a steering row that takes the first deal) and
+    // clicks the Start button.
+    void start(const char* topic, const char* button, std::string_view dealt = {}) {
         startWindow();
         clickTopic(topic);
-        if (steered && !dealt.empty())
-            random->script.push_back(0.6f);
-        if (!dealt.empty())
-            test_support::scriptDeal(*random, keys(dealt));
+        random->script.push_back(0.6f);
+        test_support::scriptDeal(*random, keys(dealt));
         userClick(child(button));
     }
     static std::vector<std::int16_t> keys(std::string_view cards) {
@@ -30,7 +27,8 @@ class Exercises : public test_support::WindowTest {
     }
     QString message() const { return child<platform::Label>("lblMessage")->caption(); }
     void userClick(QWidget* widget) {
-        ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << widget->objectName().toStdString();
+        ASSERT_TRUE(widget->isVisible() && widget->isEnabled())
+            << widget->objectName().toStdString();
         QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, widget->rect().center());
     }
     void space(QWidget* widget) {
@@ -86,18 +84,6 @@ TEST_F(Exercises, EitherSurfaceGivesTheVerdictOfTheDealtHands) {
         }
     }
     EXPECT_TRUE(recorded.sounds.empty());
-}
-
-TEST_F(Exercises, TheBoardIsDealtAndTwoPicksBringTheAnswer) {
-    start("Best Hand Recognition", "cmdStart4", "Qh 2c Ah 7d Kh", false);
-    EXPECT_EQ(drawn("picShow"),
-              "Queen of Hearts, Two of Clubs, Ace of Hearts, Seven of Diamonds, King of Hearts");
-    EXPECT_EQ(enabledKeys().size(), 47u);
-    key(enabledKeys().at(0))->click();
-    key(enabledKeys().at(0))->click();
-    EXPECT_EQ(message(), "Best hand is a Hearts Flush (J10)");
-    EXPECT_EQ(drawn("picLabels").count(", "), 1);
-    EXPECT_TRUE(enabledKeys().empty());
 }
 
 }  // namespace

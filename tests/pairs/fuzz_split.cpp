@@ -10,17 +10,13 @@
 
 #include "pairs/mParse.h"
 
-namespace {
-
 // The defined option values, then some that are not.
 constexpr std::array<std::int32_t, 12> kOptions = {1, 5, 9, 17, 2, 6, 10, 18, 0, 3, 13, 34};
 
-void Check(bool condition) {
+static void Check(bool condition) {
     if (!condition)
         std::abort();
 }
-
-}  // namespace
 
 // Byte 0 picks the option value (from 240 on, itself), byte 1 the delimiter length, 0 to 3.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

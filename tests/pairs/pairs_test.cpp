@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "pairs/pairs.h"
+#include "support/scripted_random.h"
 
 namespace pairs {
 namespace {
@@ -104,23 +105,11 @@ TEST(PairValueRank, FindsOnlyEntriesOfTheKindAskedWrittenExactly) {
     table.items.pop_back();  // the scan always runs to position 169: a shorter table rates nothing
     EXPECT_EQ(PairValueRank(table, "AA", false), 0);
     EXPECT_EQ(RankOfPosition(86), 49);  // (170 - p) / 169 * 100, rounded down
-    // Two cards of either order find their key, suited or not; a suited pair has no key, a
-    // promoted ace (14) finds none, and one card is too few.
-    const struct {
-        std::int16_t value1, value2;
-        bool suited;
-        const char* key;
-        int rank;
-    } hands[] = {{1, 13, true, "AKs", 100},
-                 {10, 9, false, "T9", 100},
-                 {8, 8, true, "88", 0},
-                 {14, 13, false, "AK", 0}};
-    for (const auto& row : hands) {
-        const std::array hand{cards::Card{0, row.value1, 2, 0},
-                              cards::Card{0, row.value2, std::int16_t(row.suited ? 2 : 3), 0}};
-        EXPECT_EQ(PairValueKey(Table(row.key), hand), row.rank) << row.key;
+    // Two cards of either order find their key, "s" when suited.
+    for (const auto& [hand, key] : {std::pair{"Ah Kh", "AKs"}, std::pair{"9s Th", "T9"}}) {
+        const std::array cards{test_support::cardOf(hand), test_support::cardOf(hand + 3)};
+        EXPECT_EQ(PairValueKey(Table(key), cards), 100) << key;
     }
-    EXPECT_EQ(PairValueKey(Table(), std::array{cards::Card{0, 1, 0, 0}}), 0);
 }
 
 // The entries read, or the failure message.
