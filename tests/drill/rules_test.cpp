@@ -185,33 +185,12 @@ TEST_F(Rules, BestHandDealsThenTakesTwoPicksThenGivesTheBoardsAnswer) {
         EXPECT_EQ(second.message, answer);
     }
     EXPECT_EQ(Clear(state, random).disabledKeys.size(), 5u) << "Clear deals again";
+    EXPECT_FALSE(state.messageBlinking) << "Clear stops the blinking";
     for (int deal = 0; deal < 300; ++deal) {  // three of a value are dealt again
         StartBestHand(state, random);
         std::map<std::int16_t, int> perValue;
         for (std::size_t i = 0; i < 5; ++i)
             ASSERT_LT(++perValue[keyboard::CardOfKey(state.deck[i]).value], 3) << "deal " << deal;
-    }
-}
-
-// Clear starts the running exercise afresh; in the first exercise it opens the keyboard.
-TEST_F(Rules, ClearStartsTheRunningExerciseAfresh) {
-    const std::pair<Show (*)(State&, cards::RandomSource&), const char*> rows[] = {
-        {[](State& s, cards::RandomSource&) { return StartNamesPick(s); }, "Pick 5 cards.."},
-        {[](State& s, cards::RandomSource&) { return StartRanksPick(s); },
-         "Pick 2 sets of 5 card hands from the keyboard.."},
-        {StartBestHand, "Select the best pocket pair (full house or less)"},
-    };
-    for (const auto& [start, message] : rows) {
-        SCOPED_TRACE(message);
-        start(state, random);
-        press("2c 3d");
-        state.messageBlinking = true;
-        const Show cleared = Clear(state, random);
-        EXPECT_EQ(cleared.message, message);
-        EXPECT_EQ(cleared.messageColour, palette::kWhite);
-        EXPECT_TRUE(cleared.namesPlain && cleared.wiped[0]);
-        EXPECT_FALSE(state.messageBlinking);
-        EXPECT_EQ(state.cardCount, 0);
     }
 }
 

@@ -79,8 +79,9 @@ std::vector<std::string> unreadable(QWidget& window) {
 }
 
 // Each exercise screen, and the clicks after each of which it is read again ("key": the
-// first key open); then every step of the sample hand and the promotion windows. Run once as
-// it is and once with QT_SCALE_FACTOR=2.
+// first key open); then every step of the sample hand, which ends with the way to the real
+// game and replays, and the promotion windows. Run once as it is and once with
+// QT_SCALE_FACTOR=2.
 TEST_F(UserView, EveryScreenReadsWhole) {
     const std::pair<const char*, std::vector<const char*>> screens[] = {
         {"Poker Hand Names", {"cmdStart1A", "cmdStart1B", "lblName(0)", "lblName(8)"}},
@@ -101,9 +102,13 @@ TEST_F(UserView, EveryScreenReadsWhole) {
     }
     clickTopic("Sample Poker Game");
     for (int step = 2; step <= 34; ++step) {
+        EXPECT_TRUE(child("lblEnough")->isHidden()) << "the way out shown before the end";
         QTest::mouseClick(child("cmdNext"), Qt::LeftButton);
         EXPECT_THAT(unreadable(*form), IsEmpty()) << "step " << step;
     }
+    EXPECT_FALSE(child("lblEnough")->isHidden()) << "no way to the real game at the end";
+    QTest::mouseClick(child("cmdNext"), Qt::LeftButton);
+    EXPECT_TRUE(child("lblEnough")->isHidden()) << "Next at the end does not replay";
     frmPacific room(*form);
     frmPacific2 promotion(*form);
     for (QWidget* window : std::array<QWidget*, 2>{&room, &promotion}) {
