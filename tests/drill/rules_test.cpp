@@ -16,10 +16,6 @@
 namespace drill {
 namespace {
 
-std::vector<std::int16_t> keys(std::string_view cards) {
-    return test_support::keysOf(cards, keyboard::CardOfKey);
-}
-
 class Rules : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -30,11 +26,13 @@ class Rules : public ::testing::Test {
     // Presses the keys of these cards; gives what the last press asked to show.
     Show press(std::string_view cards) {
         Show last;
-        for (const std::int16_t key : keys(cards))
+        for (const std::int16_t key : test_support::keysOf(cards))
             last = PressKey(state, key);
         return last;
     }
-    void deal(std::string_view cards) { test_support::scriptDeal(random, keys(cards)); }
+    void deal(std::string_view cards) {
+        test_support::scriptDeal(random, test_support::keysOf(cards));
+    }
     // A steering row of 4 to 6 takes the first deal as it comes.
     void unsteered() { random.script.push_back(0.6f); }
 
@@ -51,7 +49,7 @@ TEST_F(Rules, FivePickedCardsAreFannedAndNamed) {
         StartNamesPick(state);
         std::vector<std::int32_t> places;
         Show last;
-        for (const std::int16_t key : keys(cards)) {
+        for (const std::int16_t key : test_support::keysOf(cards)) {
             last = PressKey(state, key);
             ASSERT_EQ(last.drawn.size(), 1u);
             places.push_back(last.drawn[0].x);

@@ -3,7 +3,6 @@
 // are tested on the library (tests/drill).
 #include <QTest>
 
-#include "drill/keyboard.h"
 #include "support/window_fixture.h"
 
 namespace {
@@ -16,11 +15,8 @@ class Exercises : public test_support::WindowTest {
         startWindow();
         clickTopic(topic);
         random->script.push_back(0.6f);
-        test_support::scriptDeal(*random, keys(dealt));
+        test_support::scriptDeal(*random, test_support::keysOf(dealt));
         userClick(child(button));
-    }
-    static std::vector<std::int16_t> keys(std::string_view cards) {
-        return test_support::keysOf(cards, drill::keyboard::CardOfKey);
     }
     QString drawn(const char* surface) const {
         return child<platform::PictureBox>(surface)->drawnItems().join(", ");
@@ -39,7 +35,7 @@ class Exercises : public test_support::WindowTest {
 
 TEST_F(Exercises, PickedCardsLandAFifthDownTheSurfaceAndTheHandIsNamed) {
     start("Poker Hand Names", "cmdStart1A");
-    for (const int k : keys("As Ks Qs Js Ts"))
+    for (const int k : test_support::keysOf("As Ks Qs Js Ts"))
         userClick(key(k));
     EXPECT_EQ(drawn("picShow"),
               "Ace of Spades, King of Spades, Queen of Spades, Jack of Spades, Ten of Spades");

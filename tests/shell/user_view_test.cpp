@@ -39,17 +39,6 @@ TEST_F(UserView, DesignSizeGivesTheDesignsPlaces) {
     }
 }
 
-// The accessible names under `node` that are the object name of a control of the program.
-void collectInternalNames(QAccessibleInterface* node, const std::set<QString>& internal,
-                          std::vector<std::string>& found) {
-    if (!node || node->state().invisible)
-        return;
-    if (internal.count(node->text(QAccessible::Name)))
-        found.push_back("named " + node->text(QAccessible::Name).toStdString());
-    for (int i = 0; i < node->childCount(); ++i)
-        collectInternalNames(node->child(i), internal, found);
-}
-
 // What a user cannot read in `window`: captions their control cuts off, measured with the
 // font they are drawn in (a label's text, wrapped if it wraps, within its contents; a
 // button's in its face), and accessible names that are a control's object name.
@@ -59,7 +48,12 @@ std::vector<std::string> unreadable(QWidget& window) {
     for (const QObject* object : window.findChildren<QObject*>())
         if (!object->objectName().isEmpty() && !object->objectName().startsWith("qt_"))
             internal.insert(object->objectName());
-    collectInternalNames(QAccessible::queryAccessibleInterface(&window), internal, found);
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const QString spoken =
+            QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+        if (widget->isVisibleTo(&window) && internal.count(spoken))
+            found.push_back("named " + spoken.toStdString());
+    }
     for (const auto* label : window.findChildren<platform::Label*>()) {
         const QRectF room = label->contentsRect();
         const int flags = int(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0);

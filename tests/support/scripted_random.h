@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cards/cards.h"
+#include "drill/keyboard.h"
 
 namespace test_support {
 
@@ -40,12 +41,11 @@ inline cards::Card cardOf(std::string_view text) {
 }
 
 // The key of each card written as value and suit ("Th 2c"), found by the card it stands for.
-template <typename CardOfKey>
-std::vector<std::int16_t> keysOf(std::string_view cards, CardOfKey cardOfKey) {
+inline std::vector<std::int16_t> keysOf(std::string_view cards) {
     std::vector<std::int16_t> keys;
     for (std::size_t at = 0; at + 1 < cards.size(); at += 3)
         for (std::int16_t k = 0; k < 52; ++k)
-            if (cardOfKey(k).drawId == cardOf(cards.substr(at, 2)).drawId)
+            if (drill::keyboard::CardOfKey(k).drawId == cardOf(cards.substr(at, 2)).drawId)
                 keys.push_back(k);
     return keys;
 }
