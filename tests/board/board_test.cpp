@@ -1,4 +1,4 @@
-// The board reader: what it says of dealt boards, and of captions that are no value text.
+// The board reader: what it says of dealt boards.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -7,6 +7,7 @@
 
 #include "board/board.h"
 #include "cards/cards.h"
+#include "support/scripted_random.h"
 
 namespace board {
 namespace {
@@ -14,12 +15,8 @@ namespace {
 // A board such as "Ah Tc 3d 3s Kh", read as the exercise does: the flush answer, then the rest.
 std::string Read(std::string_view notation) {
     std::array<cards::Card, 5> board{};
-    for (std::size_t i = 0; i < board.size(); ++i) {
-        board[i].value =
-            static_cast<std::int16_t>(std::string_view("A23456789TJQK").find(notation[3 * i]) + 1);
-        board[i].suit =
-            static_cast<std::int16_t>(std::string_view("cdhs").find(notation[3 * i + 1]));
-    }
+    for (std::size_t i = 0; i < board.size(); ++i)
+        board[i] = test_support::cardOf(notation.substr(3 * i, 2));
     const cards::Checked<std::string> answer = ReadBoard(board, BoardFlushPossible(board));
     EXPECT_FALSE(answer.failure);
     return answer.value;
@@ -46,9 +43,8 @@ TEST(ReadBoard, NamesTheBestHandTwoPocketCardsCanMake) {
         {"2c 3d 8s Qh Kc", "Best Hand is 3 of a Kind (KKK)"},
         {"Ac 7d 8s Kh 2c", "Best Hand is 3 of a Kind (AAA)"},
     };
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        EXPECT_EQ(Read(rows[i][0]), rows[i][1]) << "row " << i;
-    }
+    for (const auto& [board, answer] : rows)
+        EXPECT_EQ(Read(board), answer);
 }
 
 }  // namespace

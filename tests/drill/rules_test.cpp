@@ -9,15 +9,12 @@
 #include "drill/keyboard.h"
 #include "drill/palette.h"
 #include "drill/rules.h"
+#include "drill/steering.h"
 #include "pairs/pairs.h"
 #include "support/scripted_random.h"
 
 namespace drill {
 namespace {
-
-std::vector<std::int16_t> keys(std::string_view cards) {
-    return test_support::keysOf(cards, keyboard::CardOfKey);
-}
 
 class Rules : public ::testing::Test {
   protected:
@@ -29,11 +26,13 @@ class Rules : public ::testing::Test {
     // Presses the keys of these cards; gives what the last press asked to show.
     Show press(std::string_view cards) {
         Show last;
-        for (const std::int16_t key : keys(cards))
+        for (const std::int16_t key : test_support::keysOf(cards))
             last = PressKey(state, key);
         return last;
     }
-    void deal(std::string_view cards) { test_support::scriptDeal(random, keys(cards)); }
+    void deal(std::string_view cards) {
+        test_support::scriptDeal(random, test_support::keysOf(cards));
+    }
     // A steering row of 4 to 6 takes the first deal as it comes.
     void unsteered() { random.script.push_back(0.6f); }
 
@@ -42,6 +41,7 @@ class Rules : public ::testing::Test {
 };
 
 TEST_F(Rules, FivePickedCardsAreFannedAndNamed) {
+    EXPECT_TRUE(press("2c").drawn.empty()) << "a key answered before any Start";
     const std::pair<const char*, std::int16_t> rows[] = {
         {"As Ks Qs Js Ts", 0}, {"2c 3d 4h 5s Ac", 4}, {"Qc Kd Ah 2s 3c", 8}};
     for (const auto& [cards, marked] : rows) {
@@ -49,7 +49,7 @@ TEST_F(Rules, FivePickedCardsAreFannedAndNamed) {
         StartNamesPick(state);
         std::vector<std::int32_t> places;
         Show last;
-        for (const std::int16_t key : keys(cards)) {
+        for (const std::int16_t key : test_support::keysOf(cards)) {
             last = PressKey(state, key);
             ASSERT_EQ(last.drawn.size(), 1u);
             places.push_back(last.drawn[0].x);
@@ -62,21 +62,12 @@ TEST_F(Rules, FivePickedCardsAreFannedAndNamed) {
 }
 
 TEST_F(Rules, PickedHandsGetTheirVerdictAndTheSecondHandStartsAfresh) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"As Ah Ac Ks Kh Qc Qd Qs Jc Jd", "Hand (1) wins with aces full of kings"},
-        {"6c 6d Th 8s 3c 6h 6s Tc 8d 3d", "There is a tie"},
-    };
-    for (const auto& [cards, verdict] : rows) {
-        SCOPED_TRACE(verdict);
-        StartRanksPick(state);
-        press(std::string_view(cards).substr(0, 14));
-        const Show sixth = press(std::string_view(cards).substr(15, 2));
-        EXPECT_EQ(sixth.drawn.at(0).x, 38) << "the second hand starts at the first card's place";
-        const Show last = press(std::string_view(cards).substr(18));
-        EXPECT_EQ(last.message, verdict);
-        EXPECT_TRUE(state.messageBlinking);
-        EXPECT_FALSE(ClickSurface(state).message) << "a surface answered in exercise 1";
-    }
+    StartRanksPick(state);
+    press("As Ah Ac Ks Kh");
+    EXPECT_EQ(press("Qc").drawn.at(0).x, 38) << "the second hand starts at the first card's place";
+    EXPECT_EQ(press("Qd Qs Jc Jd").message, "Hand (1) wins with aces full of kings");
+    EXPECT_TRUE(state.messageBlinking);
+    EXPECT_FALSE(ClickSurface(state).message) << "a surface answered in exercise 1";
 }
 
 TEST_F(Rules, ADealtHandIsAnsweredOnceByItsNameWhileTheBorderFollowsThePointer) {
@@ -96,34 +87,28 @@ TEST_F(Rules, ADealtHandIsAnsweredOnceByItsNameWhileTheBorderFollowsThePointer) 
     }
 }
 
-// Start draws a row r from 1 to 6; in rows 1 to 3 it deals until the first hand's category is
-// in the row's range, rows 4 to 6 take the first deal. A second hand shares no card.
+// Rows 1 to 3 of a Start deal until the first hand's category is in the row's set, rows 4 to 6
+// take the first deal. A second hand shares no card with the first.
 TEST_F(Rules, SteeredDealsStayInTheirRows) {
-    struct Screen {
-        Show (*start)(State&, cards::RandomSource&);
-        std::array<std::pair<int, int>, 3> accepted;
-        bool twoHands;
-    };
-    const Screen screens[] = {{StartNamesRandom, {{{2, 7}, {4, 8}, {6, 9}}}, false},
-                              {StartRanksRandom, {{{4, 7}, {4, 8}, {7, 9}}}, true}};
-    for (const Screen& screen : screens) {
+    const std::tuple<Show (*)(State&, cards::RandomSource&), steering::Table, bool> screens[] = {
+        {StartNamesRandom, steering::kHandNames, false},
+        {StartRanksRandom, steering::kRankings, true}};
+    for (const auto& [start, table, twoHands] : screens) {
         for (int row = 1; row <= 6; ++row) {
-            SCOPED_TRACE(std::to_string(row) + (screen.twoHands ? " rankings" : " names"));
+            SCOPED_TRACE(std::to_string(row) + (twoHands ? " rankings" : " names"));
             for (int deal = 0; deal < 60; ++deal) {
                 random.script.push_back((float(row) - 0.5f) / 6.0f);
                 const int reseedsBefore = random.reseeds;
-                screen.start(state, random);
-                if (row <= 3) {
-                    const auto [low, high] = screen.accepted[std::size_t(row - 1)];
-                    ASSERT_TRUE(state.hand1Result >= low && state.hand1Result <= high)
+                start(state, random);
+                if (row <= 3)
+                    ASSERT_TRUE(steering::accepts(table[std::size_t(row - 1)], state.hand1Result))
                         << "dealt " << state.hand1Result;
-                } else {
+                else
                     ASSERT_EQ(random.reseeds - reseedsBefore, 2) << "dealt more than once";
-                }
                 std::set<std::int16_t> ids;
                 for (std::size_t i = 0; i < 5; ++i)
                     ids.insert({state.hand1[i].drawId, state.hand2[i].drawId});
-                ASSERT_TRUE(!screen.twoHands || ids.size() == 10u) << "the hands share a card";
+                ASSERT_TRUE(!twoHands || ids.size() == 10u) << "the hands share a card";
             }
         }
     }
@@ -189,33 +174,12 @@ TEST_F(Rules, BestHandDealsThenTakesTwoPicksThenGivesTheBoardsAnswer) {
         EXPECT_EQ(second.message, answer);
     }
     EXPECT_EQ(Clear(state, random).disabledKeys.size(), 5u) << "Clear deals again";
+    EXPECT_FALSE(state.messageBlinking) << "Clear stops the blinking";
     for (int deal = 0; deal < 300; ++deal) {  // three of a value are dealt again
         StartBestHand(state, random);
         std::map<std::int16_t, int> perValue;
         for (std::size_t i = 0; i < 5; ++i)
             ASSERT_LT(++perValue[keyboard::CardOfKey(state.deck[i]).value], 3) << "deal " << deal;
-    }
-}
-
-// Clear starts the running exercise afresh; in the first exercise it opens the keyboard.
-TEST_F(Rules, ClearStartsTheRunningExerciseAfresh) {
-    const std::pair<Show (*)(State&, cards::RandomSource&), const char*> rows[] = {
-        {[](State& s, cards::RandomSource&) { return StartNamesPick(s); }, "Pick 5 cards.."},
-        {[](State& s, cards::RandomSource&) { return StartRanksPick(s); },
-         "Pick 2 sets of 5 card hands from the keyboard.."},
-        {StartBestHand, "Select the best pocket pair (full house or less)"},
-    };
-    for (const auto& [start, message] : rows) {
-        SCOPED_TRACE(message);
-        start(state, random);
-        press("2c 3d");
-        state.messageBlinking = true;
-        const Show cleared = Clear(state, random);
-        EXPECT_EQ(cleared.message, message);
-        EXPECT_EQ(cleared.messageColour, palette::kWhite);
-        EXPECT_TRUE(cleared.namesPlain && cleared.wiped[0]);
-        EXPECT_FALSE(state.messageBlinking);
-        EXPECT_EQ(state.cardCount, 0);
     }
 }
 
@@ -232,14 +196,6 @@ TEST_F(Rules, BlinkingShowsTheMessageForFourTicksAndHidesItForOne) {
     EXPECT_EQ(seen, "####-####-####-");
     StartNamesPick(state);  // a Start stops the blinking with the message shown
     EXPECT_FALSE(Tick(state, palette::kBlack));
-}
-
-TEST_F(Rules, NoModeNoAnswerAndKeysOffTheKeyboardDoNothing) {
-    for (const std::int16_t key : {std::int16_t{-1}, std::int16_t{52}})
-        EXPECT_TRUE(PressKey(state, key).drawn.empty());
-    EXPECT_TRUE(press("2c").drawn.empty()) << "a key answered before any Start";
-    StartNamesPick(state);
-    EXPECT_TRUE(PressKey(state, 52).disabledKeys.empty());
 }
 
 }  // namespace

@@ -11,14 +11,10 @@
 
 #include "pairs/pairs.h"
 
-namespace {
-
-void Check(bool condition) {
+static void Check(bool condition) {
     if (!condition)
         std::abort();
 }
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const auto file = std::filesystem::temp_directory_path() /

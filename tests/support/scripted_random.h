@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cards/cards.h"
+#include "drill/keyboard.h"
 
 namespace test_support {
 
@@ -31,17 +32,21 @@ class ScriptedRandom final : public cards::RandomSource {
     std::mt19937 engine_;
 };
 
+// A card written as value and suit ("Th", "Ac"), as a deal builds it: value 1 for the ace,
+// drawId (value - 1) * 4 + suit.
+inline cards::Card cardOf(std::string_view text) {
+    const auto value = std::int16_t(std::string_view("A23456789TJQK").find(text[0]) + 1);
+    const auto suit = std::int16_t(std::string_view("cdhs").find(text[1]));
+    return {std::int16_t((value - 1) * 4 + suit), value, suit, 0};
+}
+
 // The key of each card written as value and suit ("Th 2c"), found by the card it stands for.
-template <typename CardOfKey>
-std::vector<std::int16_t> keysOf(std::string_view cards, CardOfKey cardOfKey) {
+inline std::vector<std::int16_t> keysOf(std::string_view cards) {
     std::vector<std::int16_t> keys;
-    for (std::size_t at = 0; at + 1 < cards.size(); at += 3) {
-        for (std::int16_t k = 0; k < 52; ++k) {
-            const cards::Card card = cardOfKey(k);
-            if ("A23456789TJQK"[card.value - 1] == cards[at] && "cdhs"[card.suit] == cards[at + 1])
+    for (std::size_t at = 0; at + 1 < cards.size(); at += 3)
+        for (std::int16_t k = 0; k < 52; ++k)
+            if (drill::keyboard::CardOfKey(k).drawId == cardOf(cards.substr(at, 2)).drawId)
                 keys.push_back(k);
-        }
-    }
     return keys;
 }
 
