@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Builds one libFuzzer target of tests/pairs with clang++-14 (libFuzzer, AddressSanitizer,
+# Builds a libFuzzer target of tests/pairs with clang++-14 (libFuzzer, AddressSanitizer,
 # UndefinedBehaviorSanitizer) straight from the sources and runs it for a bounded time.
 # Exits non-zero on any crash, hang, leak or sanitizer report, and then keeps the work
 # folder with the failing input.
-#   Usage: tools/fuzz.sh <fuzz_split|fuzz_load169> [seconds, default 10]
+#   Usage: tools/fuzz.sh fuzz_load169 [seconds, default 10]
 set -euo pipefail
 
 root="$(cd "$(dirname "$0")/.." && pwd)"
-target="${1:?usage: fuzz.sh <fuzz_split|fuzz_load169> [seconds]}"
+target="${1:?usage: fuzz.sh fuzz_load169 [seconds]}"
 seconds="${2:-10}"
 source="$root/tests/pairs/$target.cpp"
 compiler="${CLANGXX:-clang++-14}"
@@ -31,10 +31,6 @@ trap 'rm -rf "$scratch"; ((keep)) || rm -rf "$work"' EXIT
 # A few well-formed inputs to start from.
 mkdir "$work/corpus"
 case "$target" in
-  fuzz_split)
-    printf '\x00\x01;a;b;c' >"$work/corpus/semicolon"
-    printf '\x07\x02--a--b' >"$work/corpus/hyphens"
-    printf '\x00\x02,\rAA,\rKK,\r' >"$work/corpus/table" ;;
   fuzz_load169)
     printf 'AA,\r\nKK,\r\nAKs,\r\n' >"$work/corpus/crlf"
     printf 'AA\rKK\rQQ' >"$work/corpus/cr" ;;
