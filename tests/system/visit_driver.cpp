@@ -12,6 +12,7 @@
 // The driver knows the window only as a user does: its controls found by name, and the
 // handlers a click or a key runs.
 #include <QApplication>
+#include <QRegularExpression>
 #include <QSet>
 #include <QThread>
 #include <QTimer>
@@ -39,10 +40,6 @@ void giveUp(int code, const char* why) {
     platform::EndProgram(code);
 }
 
-void settle(int milliseconds) {
-    platform::WaitServingEvents(milliseconds);
-}
-
 template <typename Control = QWidget>
 Control* control(const frmMain& form, const QString& name) {
     return form.findChild<Control*>(name);
@@ -57,15 +54,6 @@ bool shown(const frmMain& form, const QString& name) {
     return widget != nullptr && !widget->isHidden();
 }
 
-platform::CommandButton* firstOpenKey(const frmMain& form) {
-    for (int index = 0; index < 52; ++index) {
-        auto* key = control<platform::CommandButton>(form, QStringLiteral("cmdKey(%1)").arg(index));
-        if (reachable(key))
-            return key;
-    }
-    return nullptr;
-}
-
 int g_rounds = 0;
 int g_keys = 0;
 int g_answers = 0;
@@ -74,76 +62,69 @@ int g_answers = 0;
 // then an answer: a hand name, or the two surfaces of the comparison.
 void playRound(frmMain& form, platform::CommandButton* start) {
     start->click();
-    settle(kPageMs);
+    platform::WaitServingEvents(kPageMs);
     ++g_rounds;
-    for (int picked = 0; picked < 10; ++picked) {
-        platform::CommandButton* key = firstOpenKey(form);
-        if (key == nullptr)
-            break;
-        key->click();
-        ++g_keys;
-        settle(50);
+    for (int index = 0, picked = 0; index < 52 && picked < 10; ++index) {
+        auto* key = control<platform::CommandButton>(form, QStringLiteral("cmdKey(%1)").arg(index));
+        if (reachable(key)) {
+            key->click();
+            ++picked;
+            ++g_keys;
+            platform::WaitServingEvents(50);
+            index = -1;  // the keys open now may have changed: look again from the first
+        }
     }
     for (std::int16_t index = 0; index < 9; ++index) {
-        if (!reachable(control(form, QStringLiteral("lblName(%1)").arg(index))))
-            continue;
-        form.lblName_MouseMove(index);
-        form.lblName_Click(index);
-        ++g_answers;
-        break;
+        if (reachable(control(form, QStringLiteral("lblName(%1)").arg(index)))) {
+            form.lblName_MouseMove(index);
+            form.lblName_Click(index);
+            ++g_answers;
+            break;
+        }
     }
     if (reachable(control(form, QStringLiteral("picShow")))) {
         form.picShow_Click();
-        settle(kPageMs);
+        platform::WaitServingEvents(kPageMs);
         form.picLabels_Click();
         ++g_answers;
     }
-    settle(kAnswerMs);
+    platform::WaitServingEvents(kAnswerMs);
 }
 
-void playExercise(frmMain& form) {
-    for (const char* name : {"cmdStart1A", "cmdStart1B", "cmdStart2A", "cmdStart2B", "cmdStart3A",
-                             "cmdStart3B", "cmdStart4"}) {
-        auto* start = control<platform::CommandButton>(form, QString::fromLatin1(name));
+// Every Start button a round, then Clear; or the sample hand, Next until the link at the end
+// shows.
+void playScreen(frmMain& form, int& sampleStep) {
+    for (auto* start :
+         form.findChildren<platform::CommandButton*>(QRegularExpression("^cmdStart"))) {
         if (reachable(start))
             playRound(form, start);
     }
     if (auto* clear = control<platform::CommandButton>(form, QStringLiteral("cmdClear"));
-        reachable(clear)) {
+        reachable(clear))
         clear->click();
-    }
-}
-
-// Next until the link at the end shows; the step reached (the entry's click played step 1).
-int playSampleToTheEnd(frmMain& form) {
     auto* next = control<platform::CommandButton>(form, QStringLiteral("cmdNext"));
-    int step = 1;
-    while (next != nullptr && !shown(form, QStringLiteral("lblEnough")) &&
-           step < 2 * kSampleSteps && !platform::programEnding()) {
+    if (!shown(form, QStringLiteral("picDemo")) || next == nullptr)
+        return;
+    // The entry's click played step 1.
+    for (sampleStep = 1; !shown(form, QStringLiteral("lblEnough")) &&
+                         sampleStep < 2 * kSampleSteps && !platform::programEnding();
+         ++sampleStep)
         next->click();
-        ++step;
-    }
-    return step;
 }
 
 void visit(frmMain& form) {
     if (platform::programEnding())  // ended before its event loop ran
         return giveUp(3, "a message box opened at start-up");
     auto* tree = control<platform::TreeView>(form, QStringLiteral("TreeView1"));
-    if (tree == nullptr)
-        return giveUp(5, "no tree");
     int pages = 0;
     int sampleStep = 0;
-    for (int node = 1; node <= tree->nodeCount() && !platform::programEnding(); ++node) {
+    for (int node = 1; tree != nullptr && node <= tree->nodeCount() && !platform::programEnding();
+         ++node) {
         tree->setSelected(node);
         form.TreeView1_NodeClick(node);
-        settle(kPageMs);
-        if (shown(form, QStringLiteral("WebBrowser1")))
-            ++pages;
-        if (shown(form, QStringLiteral("picQuiz")))
-            playExercise(form);
-        if (shown(form, QStringLiteral("picDemo")))
-            sampleStep = playSampleToTheEnd(form);
+        platform::WaitServingEvents(kPageMs);
+        pages += shown(form, QStringLiteral("WebBrowser1")) ? 1 : 0;
+        playScreen(form, sampleStep);
     }
     // Every lesson a page, every Start button a round, 5 + 10 + 2 + 2 cards picked, answers
     // given, the sample to its end.
@@ -232,18 +213,12 @@ int main(int argc, char* argv[]) {
             platform::EndProgram(3);
         };
     }
-    int exitCode = 0;
-    {
-        frmMain form;
-        form.Form_Load();
-        form.show();
-        if (byHand) {
-            new Reporter(form);
-        } else {
-            QTimer::singleShot(0, &form, [&form] { visit(form); });
-        }
-        exitCode = QApplication::exec();
-    }
-    std::fflush(stderr);
-    return exitCode;
+    frmMain form;
+    form.Form_Load();
+    form.show();
+    if (byHand)
+        new Reporter(form);
+    else
+        QTimer::singleShot(0, &form, [&form] { visit(form); });
+    return QApplication::exec();
 }

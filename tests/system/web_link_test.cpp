@@ -1,31 +1,16 @@
 // The lesson pane leaves the lessons for the web and comes back: a link in a lesson to a page
 // served on 127.0.0.1 shows that page in the pane, drawn by the browser engine, and a click
-// on the tree shows a lesson again. Run where the engine module is built beside the program.
+// on the tree shows a lesson again. Built only where the engine module is built beside the
+// program.
 #include <gtest/gtest.h>
-
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QThread>
-#include <functional>
 
 #include "../support/folders.h"
 #include "x_session.h"
-
-// Last: Xlib's macros (None, Bool, Status...) would clash with Qt's names.
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
 
 namespace {
 
 using system_test::kMainTitle;
 using system_test::kPromotionTitle;
-using system_test::ProgramRun;
-using system_test::XServer;
 
 constexpr int kAppearMs = 30'000;
 constexpr int kEngineMs = 60'000;  // a cold engine on a busy machine
@@ -43,84 +28,20 @@ void writeFile(const QString& path, const QByteArray& content) {
     file.write(content);
 }
 
-// python3's own web server on a free port of 127.0.0.1, serving one folder.
-class WebServer {
-  public:
-    explicit WebServer(const QString& folder) {
-        process_.setProcessChannelMode(QProcess::MergedChannels);
-        process_.start(QStringLiteral("python3"),
-                       {QStringLiteral("-u"), QStringLiteral("-m"), QStringLiteral("http.server"),
-                        QStringLiteral("0"), QStringLiteral("--bind"), QStringLiteral("127.0.0.1"),
-                        QStringLiteral("--directory"), folder});
-        static const QRegularExpression serving(QStringLiteral(R"(port (\d+))"));
-        QElapsedTimer clock;
-        clock.start();
-        QByteArray said;
-        while (port_ == 0 && clock.elapsed() < 20'000) {
-            process_.waitForReadyRead(200);
-            said += process_.readAll();
-            port_ = serving.match(QString::fromLatin1(said)).captured(1).toInt();
-        }
-    }
-    ~WebServer() {
-        process_.kill();
-        process_.waitForFinished(5000);
-    }
-    int port() const { return port_; }
-
-  private:
-    QProcess process_;
-    int port_ = 0;
-};
-
-// The colour of one pixel of the screen.
-class ScreenReader {
-  public:
-    explicit ScreenReader(const QString& display)
-        : display_(XOpenDisplay(display.toLatin1().constData())) {}
-    ~ScreenReader() {
-        if (display_ != nullptr)
-            XCloseDisplay(display_);
-    }
-    unsigned long colourAt(QPoint at) const {
-        XImage* image = XGetImage(display_, DefaultRootWindow(display_), at.x(), at.y(), 1, 1,
-                                  AllPlanes, ZPixmap);
-        if (image == nullptr)
-            return 0;
-        const unsigned long pixel = XGetPixel(image, 0, 0) & 0xffffff;
-        XDestroyImage(image);
-        return pixel;
-    }
-    bool waitForColour(QPoint at, unsigned long colour, int timeoutMs) const {
-        QElapsedTimer clock;
-        clock.start();
-        while (colourAt(at) != colour) {
-            if (clock.elapsed() > timeoutMs)
-                return false;
-            QThread::msleep(50);
-        }
-        return true;
-    }
-
-  private:
-    Display* display_;
-};
-
-class WebLinkTest : public ::testing::Test {
-  protected:
-    static void SetUpTestSuite() { system_test::startApplication(); }
-    XServer server;
-};
-
-TEST_F(WebLinkTest, ALinkShowsTheWebPageInThePaneAndTheTreeBringsTheLessonsBack) {
-    if (!system_test::engineModuleBuilt())
-        GTEST_SKIP() << "no browser-engine module beside the program";
-    ASSERT_TRUE(server.running()) << "Xvfb did not start";
+TEST(WebLinkTest, ALinkShowsTheWebPageInThePaneAndTheTreeBringsTheLessonsBack) {
+    system_test::startApplication();
+    system_test::Desktop desktop;
+    ASSERT_TRUE(desktop.running()) << "Xvfb or the session bus did not start";
     QTemporaryDir site, app, home;
     writeFile(site.filePath("page.html"),
               "<title>Served</title><body style='background:#2266aa'><h1>Served page</h1>");
-    WebServer web(site.path());
-    ASSERT_NE(web.port(), 0) << "the web server did not start";
+    // python3's own web server on a free port of 127.0.0.1: "Serving HTTP on ... port N ...".
+    QProcess web;
+    const QString serving = system_test::startServer(
+        web, "python3",
+        {"-u", "-m", "http.server", "0", "--bind", "127.0.0.1", "--directory", site.path()});
+    const int port = QRegularExpression(R"(port (\d+))").match(serving).captured(1).toInt();
+    ASSERT_NE(port, 0) << "the web server did not start";
 
     // The home page: a lesson with one big link to the served page.
     test_support::copyFolder(QFileInfo(QStringLiteral(TABLEWRIGHT_PROGRAM)).absolutePath(),
@@ -128,38 +49,32 @@ TEST_F(WebLinkTest, ALinkShowsTheWebPageInThePaneAndTheTreeBringsTheLessonsBack)
     writeFile(app.filePath("html/intro.html"),
               QStringLiteral("<title>Test lesson</title><p style='font-size:48px'>"
                              "<a href='http://127.0.0.1:%1/page.html'>Outside page</a></p>")
-                  .arg(web.port())
+                  .arg(port)
                   .toUtf8());
-    // Set up as a desktop is: a home and a runtime folder of the user's.
-    QDir(home.path()).mkdir("runtime");
-    QFile::setPermissions(home.filePath("runtime"),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QProcessEnvironment desktop;
-    desktop.insert("HOME", home.path());
-    desktop.insert("XDG_RUNTIME_DIR", home.filePath("runtime"));
-    ProgramRun run(server, QDir(app.path()).filePath("tablewright"), {}, desktop);
-    ASSERT_TRUE(run.started());
-    const unsigned long mainWindow = server.waitForWindow(kMainTitle, kAppearMs);
+    QProcessEnvironment ownHome;
+    ownHome.insert("HOME", home.path());
+    ASSERT_TRUE(desktop.startProgram({}, ownHome, QDir(app.path()).filePath("tablewright")));
+    const unsigned long mainWindow = desktop.waitForWindow(kMainTitle, kAppearMs);
     ASSERT_NE(mainWindow, 0u) << "the main window did not come up";
-    const QPoint origin = server.geometry(mainWindow).topLeft();
-    const ScreenReader screen(server.display());
-    ASSERT_TRUE(screen.waitForColour(origin + kInPane, 0xffffff, kAppearMs))
-        << "the test lesson is not on show";
+    const QPoint inPane = desktop.origin(mainWindow) + kInPane;
+    const auto showsInPane = [&](unsigned long colour, int timeoutMs) {
+        return system_test::pollUntil(timeoutMs,
+                                      [&] { return desktop.colourAt(inPane) == colour; });
+    };
+    ASSERT_TRUE(showsInPane(0xffffff, kAppearMs)) << "the test lesson is not on show";
 
-    ASSERT_TRUE(server.click(origin + kOnLink));
-    EXPECT_TRUE(screen.waitForColour(origin + kInPane, kWebGround, kEngineMs))
-        << "the served page is not drawn in the pane";
-    ASSERT_TRUE(server.click(origin + kOnSecondEntry));  // "How this works.."
-    EXPECT_TRUE(screen.waitForColour(origin + kInPane, kLessonGround, kAppearMs))
-        << "the lesson did not come back";
+    ASSERT_TRUE(desktop.click(desktop.origin(mainWindow) + kOnLink));
+    EXPECT_TRUE(showsInPane(kWebGround, kEngineMs)) << "the served page is not drawn in the pane";
+    ASSERT_TRUE(desktop.click(desktop.origin(mainWindow) + kOnSecondEntry));  // "How this works.."
+    EXPECT_TRUE(showsInPane(kLessonGround, kAppearMs)) << "the lesson did not come back";
 
-    server.requestClose(mainWindow);
-    const unsigned long promotion = server.waitForWindow(kPromotionTitle, kAppearMs);
+    desktop.requestClose(mainWindow);
+    const unsigned long promotion = desktop.waitForWindow(kPromotionTitle, kAppearMs);
     ASSERT_NE(promotion, 0u) << "no promotion window";
-    server.requestClose(promotion);
-    ASSERT_GE(run.waitForExit(kAppearMs), 0) << "the program did not end";
-    EXPECT_EQ(run.exitCode(), 0);
-    EXPECT_TRUE(run.errors().isEmpty()) << run.errors().toStdString();
+    desktop.requestClose(promotion);
+    ASSERT_TRUE(desktop.waitForExit(kAppearMs)) << "the program did not end";
+    EXPECT_EQ(desktop.exitCode(), 0);
+    EXPECT_TRUE(desktop.errors().isEmpty()) << desktop.errors().toStdString();
 }
 
 }  // namespace
