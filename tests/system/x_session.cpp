@@ -35,17 +35,14 @@ void startInOwnGroup(QProcess& process, const QString& program, const QStringLis
     process.waitForStarted(10'000);
 }
 
-// Ends the process (asking first when `gently`: a terminated server removes its lock file and
-// socket) and everything left in its group.
-void endGroup(QProcess& process, bool gently = false) {
+// Ends the process, asking first (a terminated server removes its lock file and socket), and
+// everything left in its group.
+void endGroup(QProcess& process) {
     const auto leader = static_cast<pid_t>(process.processId());
-    if (gently) {
-        process.terminate();
-        process.waitForFinished(5000);
-    }
+    process.terminate();
+    process.waitForFinished(5000);
     if (leader > 0)
         kill(-leader, SIGKILL);
-    process.waitForFinished(5000);
 }
 
 QString contentsOf(const QString& path) {
@@ -93,10 +90,10 @@ Desktop::Desktop() {
 Desktop::~Desktop() {
     // The program, and whatever it started that is still there; then the desktop.
     endGroup(program_);
-    endGroup(bus_, true);
+    endGroup(bus_);
     if (connection_ != nullptr)
         XCloseDisplay(connection_);
-    endGroup(server_, true);
+    endGroup(server_);
 }
 
 std::vector<unsigned long> Desktop::windowsTitled(const QString& title) const {
@@ -147,16 +144,12 @@ QPoint Desktop::origin(unsigned long window) const {
     return {x, y};
 }
 
-bool Desktop::click(QPoint at) const {
-    int event = 0, error = 0, major = 0, minor = 0;
-    if (XTestQueryExtension(connection_, &event, &error, &major, &minor) == 0)
-        return false;
+void Desktop::click(QPoint at) const {
     XTestFakeMotionEvent(connection_, DefaultScreen(connection_), at.x(), at.y(), CurrentTime);
     XTestFakeButtonEvent(connection_, 1, True, CurrentTime);
     XTestFakeButtonEvent(connection_, 1, False, CurrentTime);
     // The round trip lets the click go out before anything the test sends next.
     XSync(connection_, False);
-    return true;
 }
 
 unsigned long Desktop::colourAt(QPoint at) const {
@@ -185,6 +178,7 @@ bool Desktop::startProgram(const QStringList& arguments,
     environment.insert("QT_QPA_PLATFORM", "xcb");
     environment.insert("DBUS_SESSION_BUS_ADDRESS", busAddress_);
     environment.insert("XDG_RUNTIME_DIR", runtime_.path());
+    environment.insert("HOME", home_.path());
     environment.insert("PATH", folder_.path() + ":" + environment.value("PATH"));
     // In a sanitizer build the leak checker's list of suppressions used would land on
     // stderr; the suppressions themselves come from the test's own environment.
@@ -202,18 +196,14 @@ bool Desktop::startProgram(const QStringList& arguments,
     return program_.state() == QProcess::Running;
 }
 
-bool Desktop::waitForExit(int timeoutMs) {
-    const bool ended = program_.waitForFinished(timeoutMs);
-    stderr_ = contentsOf(file("stderr.txt"));
-    return ended;
+QString Desktop::errors() const {
+    return contentsOf(file("stderr.txt"));
 }
 
-QRegularExpressionMatch Desktop::waitForErrorLine(const QRegularExpression& line,
-                                                  int timeoutMs) const {
-    const QRegularExpression anyLine(line.pattern(), QRegularExpression::MultilineOption);
+QRegularExpressionMatch Desktop::waitForErrorLine(const QString& pattern, int timeoutMs) const {
+    const QRegularExpression anyLine(pattern, QRegularExpression::MultilineOption);
     QRegularExpressionMatch match;
-    pollUntil(timeoutMs,
-              [&] { return (match = anyLine.match(contentsOf(file("stderr.txt")))).hasMatch(); });
+    pollUntil(timeoutMs, [&] { return (match = anyLine.match(errors())).hasMatch(); });
     return match;
 }
 
@@ -227,7 +217,7 @@ QStringList Desktop::unexpectedErrorLines() const {
         R"(No suitable graphics backend found$|)"
         // and the scripted user's reports
         R"(visit: ))"));
-    QStringList unexpected = stderr_.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList unexpected = errors().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     unexpected.removeIf([](const QString& line) { return notice.match(line).hasMatch(); });
     return unexpected;
 }

@@ -13,13 +13,10 @@
 // bus-started helper with the bus, a browser-engine process with the program.
 #pragma once
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QPoint>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QRegularExpression>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
 #include <QThread>
 #include <vector>
@@ -39,12 +36,9 @@ void startApplication();
 // Asks `done` every few milliseconds until it says yes or the time is up; its last answer.
 template <typename Done>
 bool pollUntil(int timeoutMs, Done done) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!done()) {
-        if (clock.elapsed() > timeoutMs)
+    for (QDeadlineTimer deadline(timeoutMs); !done(); QThread::msleep(50)) {
+        if (deadline.hasExpired())
             return false;
-        QThread::msleep(50);
     }
     return true;
 }
@@ -53,15 +47,13 @@ bool pollUntil(int timeoutMs, Done done) {
 // display, its address, its port), or nothing when it printed none in time.
 QString startServer(QProcess& server, const QString& program, const QStringList& arguments);
 
-// An X server (Xvfb, on the first free display), a session bus (dbus-daemon) and a runtime
-// folder (XDG_RUNTIME_DIR, mode 0700, holding the bus's socket), for the life of the object,
-// and one program run there at a time.
+// An X server (Xvfb, on the first free display), a session bus (dbus-daemon), a runtime
+// folder (XDG_RUNTIME_DIR, mode 0700, holding the bus's socket) and a home, for the life of
+// the object, and one program run there at a time.
 class Desktop {
   public:
     Desktop();
     ~Desktop();
-    Desktop(const Desktop&) = delete;
-    Desktop& operator=(const Desktop&) = delete;
 
     bool running() const { return connection_ != nullptr && !busAddress_.isEmpty(); }
     QString runtimeFolder() const { return runtime_.path(); }
@@ -73,16 +65,18 @@ class Desktop {
                       const QProcessEnvironment& extraEnvironment = {},
                       const QString& program = {});
     // Waits for the program to end; false when it did not end in time.
-    bool waitForExit(int timeoutMs);
-    int exitCode() const { return program_.exitCode(); }
-    bool crashed() const { return program_.exitStatus() == QProcess::CrashExit; }
-    // All the program wrote on stderr, and the lines that are not notices of Qt or the
+    bool waitForExit(int timeoutMs) { return program_.waitForFinished(timeoutMs); }
+    // The code it ended with; -1 for a crash.
+    int exitCode() const {
+        return program_.exitStatus() == QProcess::NormalExit ? program_.exitCode() : -1;
+    }
+    // All the program has written on stderr, and the lines that are not notices of Qt or the
     // browser engine.
-    QString errors() const { return stderr_; }
+    QString errors() const;
     QStringList unexpectedErrorLines() const;
     // Polls what the program has written on stderr so far until a line matches; the match,
     // with no match when none came in time.
-    QRegularExpressionMatch waitForErrorLine(const QRegularExpression& line, int timeoutMs) const;
+    QRegularExpressionMatch waitForErrorLine(const QString& pattern, int timeoutMs) const;
     // The addresses handed to the desktop's URL opener, waiting up to `timeoutMs` for the
     // first: the opener is started and not waited for, and may write after the program ended.
     QStringList openedAddresses(int timeoutMs = 0) const;
@@ -99,7 +93,7 @@ class Desktop {
     // own and sends a client's message at once: a close requested right after a click
     // reaches the program behind the click, as when a user clicks and hits the close box at
     // once.
-    bool click(QPoint at) const;
+    void click(QPoint at) const;
     // The colour of one pixel of the screen, as 0xrrggbb.
     unsigned long colourAt(QPoint at) const;
 
@@ -111,8 +105,8 @@ class Desktop {
     QProcess program_;
     QTemporaryDir runtime_;
     QTemporaryDir folder_;  // the program's stderr, the URL opener and what it was handed
+    QTemporaryDir home_;
     QString busAddress_;
-    QString stderr_;
     _XDisplay* connection_ = nullptr;
 };
 
