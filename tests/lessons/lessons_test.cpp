@@ -203,6 +203,37 @@ std::array<int, 6> strength(const std::vector<Card>& cards, std::size_t from = 0
     return result;
 }
 
+// Of two players' hole cards and a flop, first mine, then the flop, then theirs: the share of
+// all turns and rivers on which my best five cards beat theirs.
+double winShare(const std::vector<Card>& known) {
+    const auto best = [](const std::vector<Card>& seven) {
+        std::array<int, 6> result{};
+        for (std::size_t one = 0; one < 7; ++one)  // the two cards left out
+            for (std::size_t other = one + 1; other < 7; ++other) {
+                std::vector<Card> five = seven;
+                five.erase(five.begin() + static_cast<long>(other));
+                five.erase(five.begin() + static_cast<long>(one));
+                result = std::max(result, strength(five));
+            }
+        return result;
+    };
+    std::vector<Card> unseen;
+    for (int rank = 2; rank <= 14; ++rank)
+        for (int suit = 0; suit < 4; ++suit)
+            if (std::ranges::find(known, Card{rank, suit}) == known.end())
+                unseen.push_back({rank, suit});
+    double wins = 0, boards = 0;
+    for (std::size_t turn = 0; turn < unseen.size(); ++turn)
+        for (std::size_t river = turn + 1; river < unseen.size(); ++river, ++boards) {
+            std::vector<Card> mine(known.begin(), known.begin() + 5);
+            std::vector<Card> theirs(known.begin() + 2, known.begin() + 7);
+            for (auto* cards : {&mine, &theirs})
+                cards->insert(cards->end(), {unseen[turn], unseen[river]});
+            wins += best(mine) > best(theirs) ? 1 : 0;
+        }
+    return wins / boards;
+}
+
 // How many of the hands of n cards (n up to 7) are of each kind, by their best five cards, and
 // how many hold a royal flush. Not dealt one by one: each way of taking n ranks, at most four
 // of each, is counted with the number of suit choices it has. Of those choices, the ones with
@@ -286,6 +317,10 @@ TEST(PageFigures, AreWhatCountingTheCardsGives) {
         return Truths([truths](const std::smatch&) { return truths; });
     };
     const auto number = [](const std::smatch& m, std::size_t group) { return std::stod(m[group]); };
+    // Example 3 of txpot.html: the cards of its first paragraph are my hole cards, the flop and
+    // theirs.
+    const std::string pot = readPage("txpot.html");
+    const auto example3 = cardsIn(pot.substr(pot.find("Example 3")));
     const struct {
         const char* page;
         const char* pattern;  // in the page's flat text; the figures are its last groups
@@ -305,6 +340,8 @@ TEST(PageFigures, AreWhatCountingTheCardsGives) {
          }},
         {"txpot.html", R"(\$?(\d+) divide \$?(\d+) = ([\d.]+)%)", 4,
          [&](auto& m) { return std::vector{100 * number(m, 1) / number(m, 2)}; }},
+        {"txpot.html", R"(Example 3.*?you win ([\d.]+)% of the time)", 1,
+         fixed({100 * winShare({example3.begin(), example3.begin() + 7})})},
         // a pocket pair: two of the other 50 cards make a set by the flop, turn and river
         {"txpair.html", R"(\((?:all )?(\d) cards\) \| ([\d.]+)% \| 1 in ([\d.]+))", 3,
          [&](auto& m) {
