@@ -38,11 +38,18 @@ TreeView::TreeView(QWidget* parent, const QString& name)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setExpandsOnDoubleClick(true);
-    // Every entry whole: the column takes the widest entry and the tree scrolls sideways.
-    // The widths are measured from the first show on: measuring every entry at each change
-    // while the tree is filled and marked, unseen, cost a tenth of the start-up.
+    // Every entry whole: the column takes the widest entry shown and the tree scrolls
+    // sideways. The entries are measured when the tree shows and when a branch opens or
+    // closes, not at each change made while it is filled and marked unseen (a tenth of the
+    // start-up, measured).
     setTextElideMode(Qt::ElideNone);
     header()->setStretchLastSection(false);
+    const auto refit = [this] {
+        if (isVisible())
+            fitColumnToEntries();
+    };
+    connect(this, &QTreeWidget::itemExpanded, this, refit);
+    connect(this, &QTreeWidget::itemCollapsed, this, refit);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // The selection stays marked, in grey, while another control has the focus.
     QPalette pal = palette();
@@ -70,6 +77,8 @@ int TreeView::addNode(std::optional<int> parentIndex, const QString& key, const 
     item->setText(0, text);
     item->setData(0, kKeyRole, key);
     nodes_.push_back(item);
+    if (isVisible())
+        fitColumnToEntries();
     return nodeCount();
 }
 
@@ -120,6 +129,8 @@ void TreeView::setBold(int index, bool bold) {
     QFont font = item->font(0);
     font.setBold(bold);
     item->setFont(0, font);
+    if (isVisible())
+        fitColumnToEntries();
 }
 
 void TreeView::setIndentationTwips(double twips) {
@@ -127,14 +138,15 @@ void TreeView::setIndentationTwips(double twips) {
 }
 
 void TreeView::showEvent(QShowEvent* event) {
-    if (header()->sectionResizeMode(0) != QHeaderView::ResizeToContents) {
-        header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-        // Measured now, so that the first paint already has the column's width and the
-        // sideways scroll bar it calls for.
-        header()->resizeSections(QHeaderView::ResizeToContents);
-        updateGeometries();
-    }
+    // Measured before the first paint, so that it already has the column's width and the
+    // sideways scroll bar it calls for.
+    fitColumnToEntries();
     QTreeWidget::showEvent(event);
+}
+
+void TreeView::fitColumnToEntries() {
+    resizeColumnToContents(0);
+    updateGeometries();
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {

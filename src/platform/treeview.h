@@ -43,6 +43,7 @@ class TreeView : public QTreeWidget, public TwipsGeometry {
                       const QModelIndex& index) const override;
 
   private:
+    void fitColumnToEntries();
     void onCurrentItemChanged(QTreeWidgetItem* current);
     int indexOf(const QTreeWidgetItem* item) const;
 

@@ -172,6 +172,7 @@ void playScene(frmMain& form, Scene scene) {
 }  // namespace
 
 void frmMain::cmdNext_Click() {
+    ensureStage();
     ++sampleStep;
     if (sampleStep > static_cast<std::int16_t>(kScript.size())) {
         sampleStep = 0;

@@ -33,6 +33,7 @@ void frmMain::shortDelay(std::int32_t delayTime) {
 }
 
 void frmMain::ShowSampleGame() {
+    ensureStage();
     picShowDown1->setVisible(false);
     picShowDown2->setVisible(false);
     cmdNext->setCaption(QStringLiteral("Next"));

@@ -7,7 +7,6 @@
 #include "drill/palette.h"
 #include "drill/rounding.h"
 #include "platform/mDefs.h"
-#include "promotion/leaving.h"
 
 namespace {
 // The inner area at the design size, and what the usual borders add to it, in twips.
@@ -26,7 +25,6 @@ frmMain::frmMain(QWidget* parent) : QWidget(parent) {
     pal.setColor(QPalette::Window, platform::colorFromRgb(palette::kGrey));
     setPalette(pal);
     createControls();
-    promotion::setEnoughTip(*lblEnough);
     connectHandlers();
     // Coming back from another application leaves the focus where the user had it.
     platform::onActivationFromOwnWindow(this, [this] { Form_Activate(); });
@@ -67,8 +65,6 @@ void frmMain::connectHandlers() {
     connect(cmdStart4, &QPushButton::clicked, this, &frmMain::cmdStart4_Click);
     connect(picShow, &platform::PictureBox::Click, this, &frmMain::picShow_Click);
     connect(picLabels, &platform::PictureBox::Click, this, &frmMain::picLabels_Click);
-    connect(cmdNext, &QPushButton::clicked, this, &frmMain::cmdNext_Click);
-    connect(lblEnough, &platform::Label::Click, this, &frmMain::lblEnough_Click);
 }
 
 double frmMain::outerWidthTwips() const {

@@ -127,16 +127,16 @@ class frmMain : public QWidget {
     std::array<platform::CommandButton*, 52> cmdKey{};
     std::array<platform::Label*, 9> lblName{};
 
-    // the sample game's stage
-    platform::CommandButton* cmdNext;
-    platform::PictureBox* picShowDown2;
-    platform::PictureBox* picShowDown1;
+    // the sample game's stage, made when the game is first opened (ensureStage)
+    platform::CommandButton* cmdNext = nullptr;
+    platform::PictureBox* picShowDown2 = nullptr;
+    platform::PictureBox* picShowDown1 = nullptr;
     std::array<platform::PictureBox*, 5> picFlop{};
-    platform::PictureBox* picDealer;
+    platform::PictureBox* picDealer = nullptr;
     std::array<platform::PictureBox*, 8> picPocket{};
-    platform::PictureBox* Picture1;
-    platform::TextBox* txtComments;
-    platform::Label* lblEnough;
+    platform::PictureBox* Picture1 = nullptr;
+    platform::TextBox* txtComments = nullptr;
+    platform::Label* lblEnough = nullptr;
     std::array<platform::Label*, 9> lblArray{};
 
     // Building the controls at their design places (frmMain_controls.cpp).
@@ -144,6 +144,7 @@ class frmMain : public QWidget {
     void createExercisePanel();
     void createKeyboard();
     void createNameList();
+    void ensureStage();
     void createStage();
     void paintStage();
     void fitPanesToWindow();

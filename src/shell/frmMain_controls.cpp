@@ -9,6 +9,7 @@
 #include "artwork/cardface.h"
 #include "drill/keyboard.h"
 #include "drill/palette.h"
+#include "promotion/leaving.h"
 #include "shell/frmMain.h"
 
 using platform::CommandButton;
@@ -127,7 +128,6 @@ void frmMain::createControls() {
     // The table and its cards are painted when the sample game first shows, not at start.
     runOnFirstShow(picDemo, [this] { paintStage(); });
     picDemo->setAccessibleName(QStringLiteral("Sample poker game"));
-    createStage();
     orderTabStops();
 
     Timer1 = new QTimer(this);
@@ -259,6 +259,21 @@ void frmMain::createNameList() {
     }
 }
 
+void frmMain::ensureStage() {
+    if (cmdNext != nullptr)
+        return;
+    // Made when the sample game is first opened, not at start: most visits never open it,
+    // and its forty controls were a tenth of the time to the window's showing.
+    createStage();
+    promotion::setEnoughTip(*lblEnough);
+    connect(cmdNext, &QPushButton::clicked, this, &frmMain::cmdNext_Click);
+    connect(lblEnough, &platform::Label::Click, this, &frmMain::lblEnough_Click);
+    // The stage's controls come last in the tab order, after the Start buttons.
+    QWidget::setTabOrder(cmdStart4, txtComments);
+    QWidget::setTabOrder(txtComments, cmdNext);
+    QWidget::setTabOrder(cmdNext, lblEnough);
+}
+
 void frmMain::createStage() {
     // Labels first: they lie below the stage's child windows.
     for (std::size_t i = 0; i < lblArray.size(); ++i) {
@@ -360,9 +375,9 @@ void frmMain::paintStage() {
 
 void frmMain::orderTabStops() {
     // The window's order: the surfaces, Clear, the tree, the keys from the last to the first,
-    // the Start buttons, then the stage. The name labels and lblEnough take the focus too,
-    // though labels in the design never do: they are answers and a link that a keyboard user
-    // has no other way to choose.
+    // the Start buttons, then the stage (see ensureStage). The name labels and lblEnough take
+    // the focus too, though labels in the design never do: they are answers and a link that a
+    // keyboard user has no other way to choose.
     std::vector<QWidget*> order{picShow, picLabels};
     for (auto name = lblName.rbegin(); name != lblName.rend(); ++name)
         order.push_back(*name);
@@ -370,7 +385,7 @@ void frmMain::orderTabStops() {
     for (auto key = cmdKey.rbegin(); key != cmdKey.rend(); ++key)
         order.push_back(*key);
     order.insert(order.end(), {cmdStart1A, cmdStart1B, cmdStart2A, cmdStart2B, cmdStart3A,
-                               cmdStart3B, cmdStart4, txtComments, cmdNext, lblEnough});
+                               cmdStart3B, cmdStart4});
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }

@@ -69,6 +69,7 @@ void frmMain::TreeView1_NodeClick(int nodeIndex) {
         case topics::Action::SampleGame:
             WebBrowser1->setVisible(false);
             picQuiz->setVisible(false);
+            ensureStage();
             picDemo->setVisible(true);
             sampleStep = 0;
             ShowSampleGame();
