@@ -1,9 +1,11 @@
 // The controls: a drawing that stays until cleared, at the screen's pixel ratio; a label's
 // click its own inside a bordered box.
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "platform/controls.h"
+#include "platform/treeview.h"
 #include "support/window_fixture.h"
 
 namespace {
@@ -40,3 +42,24 @@ TEST(Controls, PictureBoxKeepsItsDrawingAtTheScreensRatioUntilClsAndItsLabelsThe
 }
 
 }  // namespace
+
+// The topic tree shows every entry whole: its column takes the widest entry shown, filled in
+// while the tree was unseen, and follows a branch opening and closing; the rest scrolls
+// sideways.
+TEST(Controls, TreeColumnTakesTheWidestEntryShown) {
+    test_support::app();
+    platform::TreeView tree(nullptr, QStringLiteral("TreeView1"));
+    tree.resize(120, 200);
+    const int branch = tree.addNode(std::nullopt, QStringLiteral("a"), QStringLiteral("Short"));
+    const QString wide = QStringLiteral("An entry far wider than the tree itself");
+    tree.addNode(branch, QStringLiteral("b"), wide);
+    tree.setExpanded(branch, true);
+    tree.show();
+    const int textWidth = tree.fontMetrics().horizontalAdvance(wide);
+    EXPECT_GT(tree.columnWidth(0), textWidth);
+    EXPECT_GT(tree.horizontalScrollBar()->maximum(), 0);
+    tree.setExpanded(branch, false);
+    EXPECT_LT(tree.columnWidth(0), textWidth);
+    tree.setExpanded(branch, true);
+    EXPECT_GT(tree.columnWidth(0), textWidth);
+}
