@@ -49,6 +49,21 @@ void DrawCard(State& state, Show& show, Surface surface, std::int16_t key) {
     }
 }
 
+Show KeyPicked(std::int16_t key) {
+    Show show;
+    show.disabledKeys.push_back(key);
+    show.focusFirstSurface = true;
+    return show;
+}
+
+void PickCard(State& state, Show& show, Surface surface, std::int16_t key,
+              std::span<cards::Card> hand, std::int16_t place) {
+    DrawCard(state, show, surface, key);
+    if (place >= 0 && static_cast<std::size_t>(place) < hand.size()) {
+        cards::CardFromKey(key, state.keyMap, hand[static_cast<std::size_t>(place)]);
+    }
+}
+
 std::int16_t Evaluate(const cards::Hand& hand, Show& show) {
     cards::Checked<std::int16_t> evaluated = cards::EvaluatePokerHand(hand);
     if (evaluated.failure) {

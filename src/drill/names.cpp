@@ -20,14 +20,8 @@ std::int16_t DealFirstHand(State& state, Show& show, cards::RandomSource& random
 }
 
 Show PressKeyNamesPick(State& state, std::int16_t key) {
-    Show show;
-    show.disabledKeys.push_back(key);
-    show.focusFirstSurface = true;
-    DrawCard(state, show, Surface::first, key);
-    if (state.cardCount >= 0 && state.cardCount < 5) {
-        cards::CardFromKey(key, state.keyMap,
-                           state.hand1[static_cast<std::size_t>(state.cardCount)]);
-    }
+    Show show = KeyPicked(key);
+    PickCard(state, show, Surface::first, key, state.hand1, state.cardCount);
     if (++state.cardCount == 5) {
         state.hand1Result = Evaluate(state.hand1, show);
         state.cardCount = 0;

@@ -66,14 +66,9 @@ std::int32_t PairStart(const State& state) {
 namespace detail {
 
 Show PressKeyPairPick(State& state, std::int16_t key) {
-    Show show;
-    show.disabledKeys.push_back(key);
-    show.focusFirstSurface = true;
-    DrawCard(state, show, Surface::first, key);
-    if (state.cardCount >= 0 && state.cardCount < 2) {
-        cards::CardFromKey(key, state.keyMap,
-                           state.hand1[static_cast<std::size_t>(state.cardCount)]);
-    }
+    Show show = KeyPicked(key);
+    // Two hole cards: only the first two places of the hand.
+    PickCard(state, show, Surface::first, key, std::span(state.hand1).first(2), state.cardCount);
     if (++state.cardCount == 2) {
         state.hand1Result = pairs::PairValueKey(state.pairTable, state.hand1);
         state.cardCount = 0;

@@ -25,24 +25,15 @@ void DealSecondHand(State& state, Show& show) {
 namespace detail {
 
 Show PressKeyRanksPick(State& state, std::int16_t key) {
-    Show show;
-    show.disabledKeys.push_back(key);
-    show.focusFirstSurface = true;
+    Show show = KeyPicked(key);
     if (state.cardCount < 5) {
-        DrawCard(state, show, Surface::first, key);
-        if (state.cardCount >= 0) {
-            cards::CardFromKey(key, state.keyMap,
-                               state.hand1[static_cast<std::size_t>(state.cardCount)]);
-        }
+        PickCard(state, show, Surface::first, key, state.hand1, state.cardCount);
     } else {
         if (state.cardCount == 5) {
             state.xincr = ThirdOfCard(state);
         }
-        DrawCard(state, show, Surface::second, key);
-        if (state.cardCount < 10) {
-            cards::CardFromKey(key, state.keyMap,
-                               state.hand2[static_cast<std::size_t>(state.cardCount - 5)]);
-        }
+        PickCard(state, show, Surface::second, key, state.hand2,
+                 static_cast<std::int16_t>(state.cardCount - 5));
     }
     if (++state.cardCount == 10) {
         state.hand1Result = Evaluate(state.hand1, show);
