@@ -125,8 +125,6 @@ void frmMain::createControls() {
     picDemo = new PictureBox(this, QStringLiteral("picDemo"), PictureBox::Border::Sunken);
     picDemo->setBackColor(palette::kBlack);
     picDemo->setGeometryTwips(3420, 180, 9720, 8760);
-    // The table and its cards are painted when the sample game first shows, not at start.
-    runOnFirstShow(picDemo, [this] { paintStage(); });
     picDemo->setAccessibleName(QStringLiteral("Sample poker game"));
     orderTabStops();
 
@@ -265,6 +263,8 @@ void frmMain::ensureStage() {
     // Made when the sample game is first opened, not at start: most visits never open it,
     // and its forty controls were a tenth of the time to the window's showing.
     createStage();
+    // The table and its cards are painted when the stage first shows.
+    runOnFirstShow(picDemo, [this] { paintStage(); });
     promotion::setEnoughTip(*lblEnough);
     connect(cmdNext, &QPushButton::clicked, this, &frmMain::cmdNext_Click);
     connect(lblEnough, &platform::Label::Click, this, &frmMain::lblEnough_Click);
